@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QLatin1String>
+
+namespace Tobrix::Templates {
+
+/// An editor control's name with the code that columns keep.
+struct ControlTypeName
+{
+    QLatin1String name;
+    int controlType;
+};
+
+/// A system of units with the unit of length that templates keep.
+struct UnitSystemName
+{
+    QLatin1String name;
+    QLatin1String unit;
+};
+
+/// A data type's name with its three-letter code.
+struct DataTypeName
+{
+    QLatin1String name;
+    QLatin1String code;
+};
+
+// clang-format off
+
+/// A column may go without a control, so the empty name is a control's name too. Mind the spellings: "textbox" in
+/// some names, "TextBox" in another.
+inline constexpr ControlTypeName controlTypeNames[] = {
+    {QLatin1String(""), 0},
+    {QLatin1String("SimpleTextbox"), 1},
+    {QLatin1String("MaskedTextbox"), 2},
+    {QLatin1String("ComboList"), 3},
+    {QLatin1String("NumericUpDown"), 4},
+    {QLatin1String("DateOnlyPicker"), 5},
+    {QLatin1String("TimeOnlyPicker"), 6},
+    {QLatin1String("CheckBox"), 7},
+    {QLatin1String("TextButton"), 8},
+    {QLatin1String("ComboTextBox"), 9},
+    {QLatin1String("BitMask"), 10},
+    {QLatin1String("DirectoryPicker"), 11},
+    {QLatin1String("FilePicker"), 12},
+    {QLatin1String("ColorPicker"), 13},
+    {QLatin1String("FontPicker"), 14},
+    {QLatin1String("SectionTitle"), 15},
+    {QLatin1String("PictureBox"), 16},
+    {QLatin1String("CommandButton"), 17},
+    {QLatin1String("MultipleChoice"), 18},
+    {QLatin1String("MultiLineTextbox"), 19},
+};
+
+inline constexpr UnitSystemName unitSystemNames[] = {
+    {QLatin1String("Metric"), QLatin1String("m")},
+    {QLatin1String("Imperial"), QLatin1String("ft")},
+};
+
+inline constexpr DataTypeName dataTypeNames[] = {
+    {QLatin1String("Guid"), QLatin1String("GUI")},
+    {QLatin1String("Decimal"), QLatin1String("DEC")},
+    {QLatin1String("Text"), QLatin1String("TXT")},
+    {QLatin1String("Boolean"), QLatin1String("BOL")},
+    {QLatin1String("Date"), QLatin1String("DAT")},
+    {QLatin1String("Time"), QLatin1String("TIM")},
+    {QLatin1String("Integer"), QLatin1String("INT")},
+};
+
+/// Columns that are left out of every view, as bound column, "_" and table.
+inline constexpr QLatin1String excludedColumnKeys[] = {
+    QLatin1String("OBJ_FromHorizontalOffset_SECTION"),
+    QLatin1String("OBJ_ToHorizontalOffset_SECTION"),
+    QLatin1String("OBJ_ActivityType_SECTION"),
+    QLatin1String("OBJ_Instrumented_SECTION"),
+    QLatin1String("OBJ_Maintenance_SECTION"),
+    QLatin1String("OBJ_RequiresReview_SECTION"),
+    QLatin1String("OBJ_ActivityType_NODE"),
+    QLatin1String("OBJ_Instrumented_NODE"),
+    QLatin1String("OBJ_Maintenance_NODE"),
+    QLatin1String("OBJ_RequiresReview_NODE"),
+};
+
+// clang-format on
+
+} // namespace Tobrix::Templates

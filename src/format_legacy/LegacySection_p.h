@@ -1,0 +1,122 @@
+#pragma once
+
+#include "rawdata/CTemplateDataConverter.h"
+
+#include <QStringRef>
+#include <QXmlStreamReader>
+
+#include <type_traits>
+#include <utility>
+#include <variant>
+
+namespace Tobrix::Templates {
+
+/// Which of an element's texts count. The sections of the format differ in it, and files exist that rely on
+/// each.
+enum class TextRule {
+    /// The first text after a start tag, even one behind the element's end: an empty element takes the white
+    /// space
+    /// behind it.
+    FirstAfterStartTag,
+    /// Only a text that directly follows a start tag.
+    DirectlyAfterStartTag,
+    /// Every text within the element; the last one stays.
+    EveryWithinElement
+};
+
+/// Whether the stream has come to an end, be it the document's or an error.
+inline bool isFinished(const QXmlStreamReader &xml)
+{
+    return xml.tokenType() == QXmlStreamReader::EndDocument || xml.hasError();
+}
+
+/// Walks over one section, from its start tag to its end tag.
+/// @param tokenOf turns element names into the section's tokens, 0 for unknown ones
+/// @param onStart is called with the token of every start tag, the section's own among them
+/// @param onText is called with the token of the element that the current text belongs to, never with 0
+/// @return false when the document ends, or is at fault, within the section
+template <typename Token, typename OnStart, typename OnText>
+bool walkSection(QXmlStreamReader &xml, Token (*tokenOf)(const QStringRef &), TextRule rule, OnStart onStart,
+                 OnText onText)
+{
+    int depth = 0;
+    Token token{};
+    for (; !isFinished(xml); xml.readNext()) {
+        switch (xml.tokenType()) {
+        case QXmlStreamReader::StartElement:
+            ++depth;
+            token = tokenOf(xml.name());
+            onStart(token);
+            break;
+        case QXmlStreamReader::Characters:
+            if (token != Token{}) {
+                onText(token);
+            }
+            if (rule != TextRule::EveryWithinElement) {
+                token = Token{};
+            }
+            break;
+        case QXmlStreamReader::EndElement:
+            if (--depth == 0) {
+                return true;
+            }
+            if (rule != TextRule::FirstAfterStartTag) {
+                token = Token{};
+            }
+            break;
+        default:
+            if (rule == TextRule::DirectlyAfterStartTag) {
+                token = Token{};
+            }
+            break;
+        }
+    }
+    return false;
+}
+
+/// A text of its own: QStringRef::toString() may share the XML reader's whole buffer and keep it alive.
+inline QString ownText(const QStringRef &text)
+{
+    return text.isNull() ? QString() : QString(text.data(), text.size());
+}
+
+/// Turns the text of an element into a value of the kind that its field has.
+template <typename Value>
+Value converted(const QStringRef &text)
+{
+    if constexpr (std::is_same_v<Value, QString>) {
+        return ownText(text);
+    } else if constexpr (std::is_same_v<Value, bool>) {
+        return CTemplateDataConverter::stringToBool(text);
+    } else if constexpr (std::is_same_v<Value, double>) {
+        return text.toDouble(nullptr);
+    } else {
+        return static_cast<Value>(text.toInt(nullptr, 10));
+    }
+}
+
+template <typename Record>
+void store(const QStringRef &, Record &, std::monostate)
+{
+}
+
+template <typename Record, typename Value>
+void store(const QStringRef &text, Record &record, Value Record::*field)
+{
+    record.*field = converted<Value>(text);
+}
+
+template <typename Record, typename Value>
+void store(const QStringRef &text, Record &record, void (Record::*setter)(Value))
+{
+    (record.*setter)(converted<std::decay_t<Value>>(text));
+}
+
+/// Stores the text of an element where the section's field table says.
+template <typename Fields, typename Token, typename Record>
+void storeText(const Fields &fields, Token token, const QStringRef &text, Record &record)
+{
+    std::visit([&](auto target) { store(text, record, target); }, fields[token - 1].target);
+}
+
+} // namespace Tobrix::Templates

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtGlobal>
+
+class QString;
+
+namespace Tobrix::CATManagement {
+
+/// What the host's registry knows of one catalogue template. Supplied by the host.
+class Q_DECL_IMPORT CTemplateDescriptor
+{
+public:
+    /// The template's type; empty when the registry has none either.
+    QString type() const;
+};
+
+} // namespace Tobrix::CATManagement

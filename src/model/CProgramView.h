@@ -1,0 +1,67 @@
+#pragma once
+
+#include "TobrixTemplatesExport.h"
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+
+namespace Tobrix::Templates {
+
+class CProgramViewPrivate;
+class CTemplateColumn;
+
+/// A named, ordered set of columns that a host shows as one form or grid. It belongs to the template that
+/// holds it, owns its columns, and is not copied.
+///
+/// A text that was never set is empty; getters return copies and setters copy.
+class TOBRIX_TEMPLATES_EXPORT CProgramView
+{
+public:
+    /// A view without columns.
+    CProgramView();
+    /// Deletes the view and its columns.
+    ~CProgramView();
+
+    /// The view's identity.
+    QString uniqueId() const;
+    /// Sets the view's identity.
+    void setUniqueId(const QString &uniqueId);
+
+    /// The name by which hosts ask for the view.
+    QString key() const;
+    /// Sets the name by which hosts ask for the view.
+    void setKey(const QString &key);
+
+    /// What the view is for, in words.
+    QString description() const;
+    /// Sets what the view is for.
+    void setDescription(const QString &description);
+
+    /// Deletes the columns that the view holds and takes over others.
+    /// @param columns the new columns in the order to show; the view owns them from now on, so none of them
+    /// may
+    ///        belong to this or another view. An entry may be null: a column whose data type nobody knows.
+    void setColumns(const QList<CTemplateColumn *> &columns);
+
+    /// The number of columns, null entries included.
+    int columnCount() const;
+
+    /// The column at a position, owned by the view.
+    /// @param index the position, from 0
+    /// @return null when there is no such position, or no column of known data type at it
+    CTemplateColumn *column(int index) const;
+
+    /// The first column that is bound to a database column, owned by the view.
+    /// @param name the database column, compared exactly (not the column's unique id or caption)
+    /// @return null when no column is bound to it
+    CTemplateColumn *column(const QString &name) const;
+
+private:
+    Q_DISABLE_COPY(CProgramView)
+    Q_DECLARE_PRIVATE(CProgramView)
+    const std::unique_ptr<CProgramViewPrivate> d_ptr;
+};
+
+} // namespace Tobrix::Templates

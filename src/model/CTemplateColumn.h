@@ -1,0 +1,167 @@
+#pragma once
+
+#include "TobrixTemplatesExport.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+namespace Tobrix::Templates {
+
+class CTemplateColumnPrivate;
+
+/// One field of a program view: which database column it is bound to, how it is captioned, ordered and
+/// edited.
+///
+/// Columns exist only as one of the six typed columns; columnType() says which. Hosts work through pointers
+/// to this class. A column belongs to the program view that it was handed to, and is not copied.
+///
+/// Unless a getter says otherwise, a text that was never set is empty, getters return copies and setters
+/// copy.
+class TOBRIX_TEMPLATES_EXPORT CTemplateColumn
+{
+public:
+    /// Kind of the values in a column; each kind has a class of its own.
+    enum ColumnType : int {
+        Unknown = 0, ///< no known kind; no column object has it
+        Text = 1,    ///< CTextColumn; identifiers are held as text too
+        Integer = 2, ///< CIntegerColumn
+        Decimal = 3, ///< CDecimalColumn
+        Boolean = 4, ///< CBooleanColumn
+        Date = 5,    ///< CDateColumn
+        Time = 6     ///< CTimeColumn
+    };
+
+    /// Grouping of a column in its view, as read: a bit mask of levels (bit n-1 for level n) in the current
+    /// format, a plain number in the legacy format. 0 is no grouping.
+    enum GroupLevel : int {};
+
+    /// Where a column's choices come from, as read: the class number of its value list in the current format,
+    /// the type number of its data source in the legacy format. 0 is none.
+    enum TypeFlags : int {};
+
+    /// Deletes the column with everything that its kind adds.
+    virtual ~CTemplateColumn();
+
+    /// The column's identity; empty for columns of the current format.
+    QString uniqueId() const;
+    /// Sets the column's identity.
+    virtual void setUniqueId(const QString &uniqueId);
+
+    /// The database column that this column shows and edits.
+    virtual QString boundColumn() const;
+    /// Sets the database column.
+    virtual void setBoundColumn(const QString &boundColumn);
+
+    /// The database table that boundColumn() belongs to.
+    virtual QString tableName() const;
+    /// Sets the database table.
+    virtual void setTableName(const QString &tableName);
+
+    /// The label that users see.
+    virtual QString caption() const;
+    /// Sets the label.
+    virtual void setCaption(const QString &caption);
+
+    /// The explanation that users see when they point at the column.
+    virtual QString toolTip() const;
+    /// Sets the explanation.
+    virtual void setToolTip(const QString &toolTip);
+
+    /// The three-letter code of the data type as it was read, such as "TXT".
+    virtual QString dataType() const;
+    /// Sets the data type's code. The columnType() does not follow it.
+    virtual void setDataType(const QString &dataType);
+
+    /// The unit of the values, as text such as "mm".
+    virtual QString unit() const;
+    /// Sets the unit.
+    virtual void setUnit(const QString &unit);
+
+    /// The name of the value list or data source that offers the choices; empty when values are typed in
+    /// freely.
+    virtual QString dataSource() const;
+    /// Sets the name of the value list or data source.
+    virtual void setDataSource(const QString &dataSource);
+
+    /// The format in which values are displayed. Only date columns have one; any other column logs a warning
+    /// and returns an empty text.
+    virtual QString displayFormat() const;
+    /// Sets the display format. Any other column than a date column logs a warning and changes nothing.
+    virtual void setDisplayFormat(const QString &displayFormat);
+
+    /// The column's position in its view, ascending; -1 when never set.
+    virtual int sortOrder() const;
+    /// Sets the position. The view's order does not follow it.
+    virtual void setSortOrder(int sortOrder);
+
+    /// The width in which the column is shown, in the host's units; -1 when never set.
+    virtual int width() const;
+    /// Sets the width.
+    virtual void setWidth(int width);
+
+    /// The grouping of the column; 0 when never set.
+    virtual GroupLevel groupLevel() const;
+    /// Sets the grouping; any number is kept as it is.
+    virtual void setGroupLevel(GroupLevel groupLevel);
+
+    /// The kind of the column, fixed by its class.
+    virtual ColumnType columnType() const;
+
+    /// The class of the data source; 0 when never set.
+    virtual TypeFlags typeFlags() const;
+    /// Sets the class of the data source; any number is kept as it is.
+    virtual void setTypeFlags(TypeFlags typeFlags);
+
+    /// Whether the host shows the column; false when never set.
+    virtual bool isVisible() const;
+    /// Shows or hides the column.
+    virtual void setVisible(bool visible);
+
+    /// Whether users may only look at the value; false when never set.
+    virtual bool isReadOnly() const;
+    /// Sets whether users may only look at the value.
+    virtual void setReadOnly(bool readOnly);
+
+    /// Whether a record needs a value here; false when never set.
+    virtual bool isMandatory() const;
+    /// Sets whether a record needs a value here.
+    virtual void setMandatory(bool mandatory);
+
+    /// Whether the value is not stored in the database; false when never set.
+    virtual bool isVirtual() const;
+    /// Sets whether the value is not stored in the database.
+    virtual void setVirtual(bool isVirtual);
+
+    /// The value of a new record; an invalid variant when there is none.
+    virtual QVariant defaultValue() const;
+    /// Sets the value of a new record.
+    virtual void setDefaultValue(const QVariant &defaultValue);
+    /// Whether there is a default value. Only the variant's type counts: a typed but null one is a default
+    /// value.
+    virtual bool hasDefaultValue() const;
+
+    /// Sets whether the value is carried over to the next new record.
+    virtual void setValueTransfer(bool valueTransfer);
+    /// Whether the value is carried over to the next new record; false when never set.
+    virtual bool isValueTransfer() const;
+
+    /// Sets the code of the editor control.
+    virtual void setControlType(int controlType);
+    /// The code of the editor control, 0 (none) to 19; any number that was read is kept.
+    virtual int getControlType() const;
+
+protected:
+    /// Takes ownership of the private object that a typed column has created.
+    explicit CTemplateColumn(CTemplateColumnPrivate &d);
+
+    /// The column's state; of the private class that belongs to the object's class.
+    const std::unique_ptr<CTemplateColumnPrivate> d_ptr;
+
+private:
+    Q_DISABLE_COPY(CTemplateColumn)
+    Q_DECLARE_PRIVATE(CTemplateColumn)
+};
+
+} // namespace Tobrix::Templates

@@ -1,0 +1,13 @@
+#include "model/CTemplateLegendDataItem.h"
+
+namespace Tobrix::Templates {
+
+CTemplateLegendDataItem::CTemplateLegendDataItem() = default;
+
+bool CTemplateLegendDataItem::operator==(const CTemplateLegendDataItem &other)
+{
+    return numberFrom == other.numberFrom && numberTo == other.numberTo && color == other.color &&
+           textA.simplified() == other.textA.simplified() && textB.simplified() == other.textB.simplified();
+}
+
+} // namespace Tobrix::Templates
