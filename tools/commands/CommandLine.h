@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace Tobrix::Tools {
+
+class Console;
+
+/// How the tool ends.
+enum class ExitStatus { Success = 0, SomeFilesFailed = 1, WrongUsage = 2 };
+
+/// The options and arguments of one command, with what all commands share: --help, --host-config, and what
+/// happens on wrong usage.
+class CommandLine
+{
+public:
+    /// @param command what is typed to start it
+    /// @param syntax its options and arguments, such as "[options] FILE…"
+    /// @param description what it does, for --help
+    CommandLine(const QString &command, const QString &syntax, const QString &description);
+
+    /// Adds an option of the command's own.
+    void addOption(const QCommandLineOption &option);
+
+    /// Adds the explanation of an argument.
+    void addArgument(const QString &name, const QString &description);
+
+    /// Leaves everything behind the first argument to somebody else.
+    void endAtFirstArgument();
+
+    /// Reads the arguments and does what the shared options ask for.
+    /// @param arguments with the program's or the command's name as the first
+    /// @return how the tool is to end; none when the command may go ahead
+    std::optional<ExitStatus> parse(const QStringList &arguments, Console &console);
+
+    /// Complains about wrong usage and points to the help.
+    ExitStatus refuse(const QString &reason, Console &console) const;
+
+    bool isSet(const QCommandLineOption &option) const { return m_parser.isSet(option); }
+    QStringList arguments() const { return m_parser.positionalArguments(); }
+
+private:
+    QString helpText() const;
+    bool loadHostConfigurations(Console &console) const;
+
+    QString m_command;
+    QString m_syntax;
+    QCommandLineParser m_parser;
+    QCommandLineOption m_help;
+    QCommandLineOption m_hostConfiguration;
+};
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QJsonObject>
+
+namespace Tobrix::Tools {
+
+struct LoadedRawData;
+
+/// A raw record as its format's reader filled it, as `show --json --raw` prints it. Null texts are null.
+QJsonObject rawDataJson(const LoadedRawData &loaded);
+
+} // namespace Tobrix::Tools

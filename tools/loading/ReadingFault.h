@@ -1,0 +1,23 @@
+#pragma once
+
+class QIODevice;
+class QString;
+
+namespace Tobrix::Templates {
+struct CTemplateRawData;
+}
+
+namespace Tobrix::Tools {
+
+/// What keeps the legacy reader from reading a file to its end; empty when nothing does. Judged by the same
+/// parser, along the same path through the document.
+QString faultOfLegacyFile(QIODevice &file);
+
+/// Where a file of the current format stops being well-formed; empty when it is. Judged by the parser that
+/// the format's reader uses.
+QString faultOfCurrentFile(QIODevice &file);
+
+/// Why no template can be built of what the legacy reader has read.
+QString buildingFault(const Templates::CTemplateRawData &rawData);
+
+} // namespace Tobrix::Tools
