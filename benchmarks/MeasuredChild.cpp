@@ -5,12 +5,10 @@
 #include "standalone_host/StandaloneHost.h"
 
 #include <QFile>
+#include <QProcess>
 
+#include <cstdio>
 #include <cstring>
-
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace Tobrix::Benchmarks {
 
@@ -18,27 +16,36 @@ namespace {
 
 constexpr const char *childMark = "--measured-child";
 
+/// The most memory that this process has had so far, in bytes. getrusage() would do, but that of a child counts what
+/// its parent had when it started the child.
+qint64 ownPeakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly)) {
+        qFatal("Cannot read /proc/self/status");
+    }
+    const QByteArray text = status.readAll();
+    const QByteArray name = "VmHWM:";
+    const int start = text.indexOf(name) + name.size();
+    return text.mid(start, text.indexOf("kB", start) - start).trimmed().toLongLong() * 1024;
+}
+
 } // namespace
 
 qint64 peakMemoryOf(ChildWork work, const QString &fileName, Format format)
 {
-    const QByteArray file = QFile::encodeName(fileName);
-    const QByteArray workNumber = QByteArray::number(static_cast<int>(work));
-    const QByteArray formatNumber = QByteArray::number(static_cast<int>(format));
-    // vfork, and exec at once: a fork would count this process's memory into the child's peak.
-    const pid_t child = ::vfork();
-    if (child == 0) {
-        ::execl("/proc/self/exe", "load-benchmark", childMark, workNumber.constData(),
-                formatNumber.constData(), file.constData(), nullptr);
-        ::_exit(127);
-    }
-    int status = 0;
-    struct rusage usage = {};
-    if (child < 0 || ::wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) ||
-        WEXITSTATUS(status) != 0) {
+    QProcess child;
+    child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    child.start(QStringLiteral("/proc/self/exe"),
+                {QString::fromLatin1(childMark), QString::number(static_cast<int>(work)),
+                 QString::number(static_cast<int>(format)), fileName});
+    bool isNumber = false;
+    child.waitForFinished(-1);
+    const qint64 peak = child.readAllStandardOutput().trimmed().toLongLong(&isNumber);
+    if (!isNumber || child.exitCode() != 0) {
         qFatal("A measured process failed on %s", qPrintable(fileName));
     }
-    return qint64(usage.ru_maxrss) * 1024;
+    return peak;
 }
 
 bool runAsChild(int argc, char **argv)
@@ -55,6 +62,7 @@ bool runAsChild(int argc, char **argv)
     } else if (work == ChildWork::Load) {
         load(fileName);
     }
+    std::printf("%lld\n", ownPeakMemory());
     return true;
 }
 

@@ -4,6 +4,68 @@
 
 namespace Tobrix::Templates {
 
+/// The elements that mean something in the format, in groups of those that stand together.
+enum class ElementName : unsigned char {
+    TemplateIdentifier,
+    Name,
+    Version,
+
+    ClassificationColorPresets,
+    ClassificationColorPreset,
+    PresetProperty,
+
+    AssignedCatalogs,
+    Catalog,
+
+    View,
+    Column,
+    // What a column consists of, from here ...
+    MandatoryRestriction,
+    BoundProperty,
+    RefersTo,
+    Caption,
+    ToolTip,
+    TextItem,
+    VisibilityRestriction,
+    GroupLevel,
+    TextLengthRestriction,
+    NumericRangeRestriction,
+    ReadOnlyRestriction,
+    VirtualRestriction,
+    ValueListName,
+    DisplayFormat,
+    ValueFormatItem,
+    // ... to here.
+
+    ValueList,
+    ValueListItem,
+    Captions,
+
+    DefaultValues,
+    DefaultValueScope,
+    DefaultValueItem,
+
+    ClassificationColorScopes,
+    ClassificationColorScope,
+    ClassificationColor,
+    Color,
+    TextA,
+    TextB,
+};
+
+/// Whether an element is one that a column consists of.
+constexpr bool isPartOfColumn(ElementName name)
+{
+    return name >= ElementName::MandatoryRestriction && name <= ElementName::ValueFormatItem;
+}
+
+/// An element's name as it stands in a file.
+struct ElementNameText
+{
+    QLatin1String text;
+    ElementName name;
+};
+
 /// An editor control's name with the code that columns keep.
 struct ControlTypeName
 {
@@ -26,6 +88,46 @@ struct DataTypeName
 };
 
 // clang-format off
+
+inline constexpr ElementNameText elementNames[] = {
+    {QLatin1String("TemplateIdentifier"), ElementName::TemplateIdentifier},
+    {QLatin1String("Name"), ElementName::Name},
+    {QLatin1String("Version"), ElementName::Version},
+    {QLatin1String("ClassificationColorPresets"), ElementName::ClassificationColorPresets},
+    {QLatin1String("ClassificationColorPreset"), ElementName::ClassificationColorPreset},
+    {QLatin1String("PresetProperty"), ElementName::PresetProperty},
+    {QLatin1String("AssignedCatalogs"), ElementName::AssignedCatalogs},
+    {QLatin1String("Catalog"), ElementName::Catalog},
+    {QLatin1String("View"), ElementName::View},
+    {QLatin1String("Column"), ElementName::Column},
+    {QLatin1String("MandatoryRestriction"), ElementName::MandatoryRestriction},
+    {QLatin1String("BoundProperty"), ElementName::BoundProperty},
+    {QLatin1String("RefersTo"), ElementName::RefersTo},
+    {QLatin1String("Caption"), ElementName::Caption},
+    {QLatin1String("ToolTip"), ElementName::ToolTip},
+    {QLatin1String("TextItem"), ElementName::TextItem},
+    {QLatin1String("VisibilityRestriction"), ElementName::VisibilityRestriction},
+    {QLatin1String("GroupLevel"), ElementName::GroupLevel},
+    {QLatin1String("TextLengthRestriction"), ElementName::TextLengthRestriction},
+    {QLatin1String("NumericRangeRestriction"), ElementName::NumericRangeRestriction},
+    {QLatin1String("ReadOnlyRestriction"), ElementName::ReadOnlyRestriction},
+    {QLatin1String("VirtualRestriction"), ElementName::VirtualRestriction},
+    {QLatin1String("ValueListName"), ElementName::ValueListName},
+    {QLatin1String("DisplayFormat"), ElementName::DisplayFormat},
+    {QLatin1String("ValueFormatItem"), ElementName::ValueFormatItem},
+    {QLatin1String("ValueList"), ElementName::ValueList},
+    {QLatin1String("ValueListItem"), ElementName::ValueListItem},
+    {QLatin1String("Captions"), ElementName::Captions},
+    {QLatin1String("DefaultValues"), ElementName::DefaultValues},
+    {QLatin1String("DefaultValueScope"), ElementName::DefaultValueScope},
+    {QLatin1String("DefaultValueItem"), ElementName::DefaultValueItem},
+    {QLatin1String("ClassificationColorScopes"), ElementName::ClassificationColorScopes},
+    {QLatin1String("ClassificationColorScope"), ElementName::ClassificationColorScope},
+    {QLatin1String("ClassificationColor"), ElementName::ClassificationColor},
+    {QLatin1String("Color"), ElementName::Color},
+    {QLatin1String("TextA"), ElementName::TextA},
+    {QLatin1String("TextB"), ElementName::TextB},
+};
 
 /// A column may go without a control, so the empty name is a control's name too. Mind the spellings: "textbox" in
 /// some names, "TextBox" in another.

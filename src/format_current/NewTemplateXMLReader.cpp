@@ -1,6 +1,7 @@
 #include "format_current/NewTemplateXMLReader.h"
 
 #include "format_current/CurrentFormatTables_p.h"
+#include "format_current/DocumentIndex_p.h"
 #include "loading/CTemplateBuilder.h"
 #include "loading/TemplateFile_p.h"
 #include "model/CListItem.h"
@@ -13,30 +14,24 @@
 #include "rawdata/SaturatedInt_p.h"
 
 #include <QFile>
-#include <QSet>
 
-#include <array>
+#include <algorithm>
+#include <deque>
+#include <iterator>
 #include <memory>
 
 namespace Tobrix::Templates {
 
+/// A column as it stands in the document, before the view that it is for has its say.
+struct ColumnRecord
+{
+    CColumnData data;
+    bool hasReference = false;   ///< Whether the bound column refers to an object,
+    QString displayPropertyName; ///< of which this property is shown,
+    QString referredObjectName;  ///< which belongs to this table.
+};
+
 namespace {
-
-/// The value of an attribute; null when the element has none of that name, or is none itself.
-QString attributeOf(const QDomElement &element, const QString &name)
-{
-    return element.attribute(name, QString());
-}
-
-int intAttributeOf(const QDomElement &element, const QString &name)
-{
-    return attributeOf(element, name).toInt(nullptr, 10);
-}
-
-double doubleAttributeOf(const QDomElement &element, const QString &name)
-{
-    return attributeOf(element, name).toDouble();
-}
 
 /// The group level that an attribute of "GroupLevel" stands for, 1 to 9: the sixth character of its name. 0
 /// when the name has no such digit there.
@@ -50,13 +45,78 @@ int levelOfAttribute(const QString &name)
     return character >= '1' && character <= '9' ? character - '0' : 0;
 }
 
-QSet<QString> excludedColumns()
+/// Whether a column is left out of every view: its bound column, "_" and its table spell one of the excluded
+/// keys.
+bool isExcluded(const CColumnData &data)
 {
-    QSet<QString> keys;
-    for (const auto &key : excludedColumnKeys) {
-        keys.insert(key);
+    const int size = data.boundColumn.size() + 1 + data.tableName.size();
+    const auto isKey = [&](const QLatin1String &key) {
+        return key.size() == size && key == data.boundColumn + QLatin1Char('_') + data.tableName;
+    };
+    return std::any_of(std::begin(excludedColumnKeys), std::end(excludedColumnKeys), isKey);
+}
+
+/// The text of the first text item below the first element of a name below an element.
+QString textItemBelow(const IndexedElement &element, ElementName name)
+{
+    return element.first(name).first(ElementName::TextItem).text();
+}
+
+/// The levels of the group-level element below an element, as a mask: bit n-1 for level n.
+int countGroupLevel(const IndexedElement &element)
+{
+    const QDomNamedNodeMap attributes = element.first(ElementName::GroupLevel).attributes();
+    int levels = 0;
+    for (int i = attributes.length() - 1; i >= 0; --i) {
+        const QDomAttr attribute = attributes.item(i).toAttr();
+        const int level = levelOfAttribute(attribute.name());
+        // Attributes come in no order: a level counts when any attribute of it says so.
+        if (level > 0 && CTemplateDataConverter::stringToBool(attribute.value())) {
+            levels |= 1 << (level - 1);
+        }
     }
-    return keys;
+    return levels;
+}
+
+void readNumericRange(const IndexedElement &range, CColumnData &data)
+{
+    // A limit that the file leaves out keeps the value that columns have from the start.
+    data.stepInterval = range.doubleAttribute(QStringLiteral("Step"), data.stepInterval);
+    data.precision = range.intAttribute(QStringLiteral("Precision"), data.precision);
+    data.minimumValue = range.doubleAttribute(QStringLiteral("From"), data.minimumValue);
+    data.maximumValue = range.doubleAttribute(QStringLiteral("To"), data.maximumValue);
+}
+
+void readRestrictions(const IndexedElement &column, CColumnData &data)
+{
+    data.isMandatory = !column.first(ElementName::MandatoryRestriction).isNull();
+    data.isReadOnly = !column.first(ElementName::ReadOnlyRestriction).isNull();
+    data.isVirtual = !column.first(ElementName::VirtualRestriction).isNull();
+
+    // The restriction says at which levels a column is shown: one without it is never shown.
+    const IndexedElement visibility = column.first(ElementName::VisibilityRestriction);
+    data.isVisible = !visibility.isNull();
+    if (visibility.attribute(QStringLiteral("Simple")) == QLatin1String("false")) {
+        data.groupLevel = static_cast<CTemplateColumn::GroupLevel>(countGroupLevel(visibility));
+    }
+
+    const IndexedElement textLength = column.first(ElementName::TextLengthRestriction);
+    data.maximumTextLength = toSaturatedInt(textLength.doubleAttribute(QStringLiteral("Max")));
+    readNumericRange(column.first(ElementName::NumericRangeRestriction), data);
+}
+
+/// Binds a column of a view to what its reference shows, where the view shows it.
+void applyReference(const ColumnRecord &record, bool isDetailView, CColumnData &data)
+{
+    // A key is shown in place of its reference only where a detail form must have it.
+    const bool isShown =
+        record.hasReference &&
+        (!record.displayPropertyName.endsWith(QLatin1String("_Key")) ||
+         (isDetailView && data.isMandatory && data.boundColumn.endsWith(QLatin1String("_FK"))));
+    if (isShown) {
+        data.boundColumn += QLatin1Char('.') + record.displayPropertyName;
+        data.tableName = record.referredObjectName;
+    }
 }
 
 } // namespace
@@ -91,54 +151,46 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
     m_document.setContent(&file, false);
     file.close();
 
-    readTemplateData();
-    readValueLists();
-    readProgramView();
-    readLegendLists();
+    std::deque<ColumnRecord> records;
+    const DocumentIndex document(m_document, [&](const IndexedElement &column) {
+        records.push_back(readColumn(column));
+        return static_cast<int>(records.size() - 1);
+    });
+    readTemplateData(document);
+    readValueLists(document);
+    readProgramView(document, records);
+    readLegendLists(document);
     return true;
 }
 
-QDomElement NewTemplateXMLReader::uniqueTemplateElementByTagName(const QString &tagName) const
+void NewTemplateXMLReader::readTemplateData(const DocumentIndex &document)
 {
-    return m_document.elementsByTagName(tagName).item(0).toElement();
-}
-
-QDomElement NewTemplateXMLReader::uniqueChildFromElementByTagName(const QDomElement &element,
-                                                                  const QString &tagName) const
-{
-    return element.elementsByTagName(tagName).item(0).toElement();
-}
-
-void NewTemplateXMLReader::readTemplateData()
-{
-    const QDomElement identifier = uniqueTemplateElementByTagName(QStringLiteral("TemplateIdentifier"));
-    m_rawData->uniqueId = attributeOf(identifier, QStringLiteral("Id"));
+    const IndexedElement identifier = document.first(ElementName::TemplateIdentifier);
+    m_rawData->uniqueId = identifier.attribute(QStringLiteral("Id"));
     // A template's name is the prefix of its lists' names as well.
-    m_rawData->key = uniqueTemplateElementByTagName(QStringLiteral("Name")).text();
-    m_rawData->listNamePrefix = uniqueTemplateElementByTagName(QStringLiteral("Name")).text();
-    m_rawData->description = attributeOf(identifier, QStringLiteral("Description"));
-    m_rawData->version = uniqueTemplateElementByTagName(QStringLiteral("Version")).text();
-    m_rawData->unit = m_unitSystems[attributeOf(identifier, QStringLiteral("SystemOfUnits"))];
-    readClassificationColorPreset();
-    readCatalogs();
+    m_rawData->key = document.first(ElementName::Name).text();
+    m_rawData->listNamePrefix = m_rawData->key;
+    m_rawData->description = identifier.attribute(QStringLiteral("Description"));
+    m_rawData->version = document.first(ElementName::Version).text();
+    m_rawData->unit = m_unitSystems[identifier.attribute(QStringLiteral("SystemOfUnits"))];
+    readClassificationColorPreset(document);
+    readCatalogs(document);
 }
 
-void NewTemplateXMLReader::readClassificationColorPreset()
+void NewTemplateXMLReader::readClassificationColorPreset(const DocumentIndex &document)
 {
-    const QDomNodeList presets = uniqueTemplateElementByTagName(QStringLiteral("ClassificationColorPresets"))
-                                     .elementsByTagName(QStringLiteral("ClassificationColorPreset"));
-    QDomElement chosen;
-    for (int i = 0; i < presets.count(); ++i) {
-        const QDomElement preset = presets.at(i).toElement();
-        if (attributeOf(preset, QStringLiteral("Scope")) != QLatin1String("Section")) {
+    const IndexedElement presets = document.first(ElementName::ClassificationColorPresets);
+    IndexedElement chosen;
+    for (const auto &preset : presets.all(ElementName::ClassificationColorPreset)) {
+        if (preset.attribute(QStringLiteral("Scope")) != QLatin1String("Section")) {
             continue;
         }
         // Name and fields may come from two presets: the scan goes on until there is one of each.
-        const QString name = attributeOf(preset, QStringLiteral("ClassificationColorName"));
+        const QString name = preset.attribute(QStringLiteral("ClassificationColorName"));
         if (!name.isNull()) {
             m_rawData->defaultSecClassName = name;
         }
-        if (attributeOf(preset, QStringLiteral("Chapter")) == QLatin1String("Color")) {
+        if (preset.attribute(QStringLiteral("Chapter")) == QLatin1String("Color")) {
             chosen = preset;
         }
         if (!m_rawData->defaultSecClassName.isEmpty() && !chosen.isNull()) {
@@ -147,67 +199,59 @@ void NewTemplateXMLReader::readClassificationColorPreset()
     }
 
     QStringList propertyNames;
-    const QDomNodeList properties = chosen.elementsByTagName(QStringLiteral("PresetProperty"));
-    for (int i = 0; i < properties.count(); ++i) {
-        propertyNames.append(attributeOf(properties.at(i).toElement(), QStringLiteral("PropertyName")));
+    for (const auto &property : chosen.all(ElementName::PresetProperty)) {
+        propertyNames.append(property.attribute(QStringLiteral("PropertyName")));
     }
     m_rawData->defaultSecColorField = propertyNames.join(QLatin1Char(';'));
 }
 
-void NewTemplateXMLReader::readCatalogs()
+void NewTemplateXMLReader::readCatalogs(const DocumentIndex &document)
 {
-    const QDomNodeList catalogs = uniqueTemplateElementByTagName(QStringLiteral("AssignedCatalogs"))
-                                      .elementsByTagName(QStringLiteral("Catalog"));
-    for (int i = 0; i < catalogs.count(); ++i) {
-        const QDomElement catalog = catalogs.at(i).toElement();
+    const IndexedElement assigned = document.first(ElementName::AssignedCatalogs);
+    for (const auto &catalog : assigned.all(ElementName::Catalog)) {
         CATManagement::CCatalogDescriptor descriptor;
-        descriptor.setId(attributeOf(catalog, QStringLiteral("Id")));
-        descriptor.setCountryCode(attributeOf(catalog, QStringLiteral("Country")));
-        descriptor.setLanguageCode(attributeOf(catalog, QStringLiteral("Language")));
+        descriptor.setId(catalog.attribute(QStringLiteral("Id")));
+        descriptor.setCountryCode(catalog.attribute(QStringLiteral("Country")));
+        descriptor.setLanguageCode(catalog.attribute(QStringLiteral("Language")));
         m_rawData->catalogs.append(descriptor);
     }
 }
 
-void NewTemplateXMLReader::readValueLists()
+void NewTemplateXMLReader::readValueLists(const DocumentIndex &document)
 {
-    const QDomNodeList lists = m_document.elementsByTagName(QStringLiteral("ValueList"));
-    for (int i = 0; i < lists.count(); ++i) {
-        const QDomElement list = lists.at(i).toElement();
-        m_valueListTypes.insert(attributeOf(list, QStringLiteral("Name")),
-                                intAttributeOf(list, QStringLiteral("CompatibleListClassType")));
+    for (const auto &list : document.all(ElementName::ValueList)) {
+        m_valueListTypes.insert(list.attribute(QStringLiteral("Name")),
+                                list.intAttribute(QStringLiteral("CompatibleListClassType")));
         readValueListItems(list);
     }
 }
 
-void NewTemplateXMLReader::readValueListItems(const QDomElement &valueList)
+void NewTemplateXMLReader::readValueListItems(const IndexedElement &valueList)
 {
-    const QDomNodeList elements = valueList.elementsByTagName(QStringLiteral("ValueListItem"));
-    for (int i = 0; i < elements.count(); ++i) {
-        const QDomElement element = elements.at(i).toElement();
-        const QDomElement captions = uniqueChildFromElementByTagName(element, QStringLiteral("Captions"));
+    const QString listName = valueList.attribute(QStringLiteral("Name"));
+    for (const auto &element : valueList.all(ElementName::ValueListItem)) {
         auto item = std::make_unique<CListItem>();
-        item->setItem(attributeOf(element, QStringLiteral("Key")));
-        item->setInternalValue(attributeOf(element, QStringLiteral("InternalKey")));
-        item->setSortOrder(intAttributeOf(element, QStringLiteral("OrdinalIndex")));
-        item->setCaption(uniqueChildFromElementByTagName(captions, QStringLiteral("TextItem")).text());
-        m_rawData->listItems.insertMulti(attributeOf(valueList, QStringLiteral("Name")), item.release());
+        item->setItem(element.attribute(QStringLiteral("Key")));
+        item->setInternalValue(element.attribute(QStringLiteral("InternalKey")));
+        item->setSortOrder(element.intAttribute(QStringLiteral("OrdinalIndex")));
+        item->setCaption(textItemBelow(element, ElementName::Captions));
+        m_rawData->listItems.insertMulti(listName, item.release());
     }
 }
 
-void NewTemplateXMLReader::readProgramView()
+void NewTemplateXMLReader::readProgramView(const DocumentIndex &document,
+                                           const std::deque<ColumnRecord> &records)
 {
-    const QDomNodeList elements = m_document.elementsByTagName(QStringLiteral("View"));
-    // Columns look their defaults up while they are read.
-    readDefaultValues();
-    for (int i = 0; i < elements.count(); ++i) {
-        const QDomElement element = elements.at(i).toElement();
+    // Columns look their defaults up when their view is made.
+    readDefaultValues(document);
+    for (const auto &element : document.all(ElementName::View)) {
         auto view = std::make_unique<CProgramView>();
-        view->setUniqueId(attributeOf(element, QStringLiteral("Id")));
-        view->setKey(attributeOf(element, QStringLiteral("Name")));
-        view->setDescription(attributeOf(element, QStringLiteral("Description")));
+        view->setUniqueId(element.attribute(QStringLiteral("Id")));
+        view->setKey(element.attribute(QStringLiteral("Name")));
+        view->setDescription(element.attribute(QStringLiteral("Description")));
 
         QList<CTemplateColumn *> columns;
-        readColumns(element, columns);
+        readColumns(element, records, columns);
         sortBySortOrder(columns);
         view->setColumns(columns);
 
@@ -218,184 +262,96 @@ void NewTemplateXMLReader::readProgramView()
     }
 }
 
-void NewTemplateXMLReader::readColumns(const QDomElement &view, QList<CTemplateColumn *> &columns)
+ColumnRecord NewTemplateXMLReader::readColumn(const IndexedElement &column)
 {
-    const QDomNodeList elements = view.elementsByTagName(QStringLiteral("Column"));
-    for (int i = 0; i < elements.count(); ++i) {
-        const CColumnData data = readColumn(view, elements.at(i).toElement());
-        if (excludedColumns().contains(data.boundColumn + QLatin1Char('_') + data.tableName)) {
-            continue;
-        }
-        // Null for a column of unknown data type: the view keeps its place.
-        columns.append(CTemplateBuilder::buildColumn(data));
-    }
-}
-
-CColumnData NewTemplateXMLReader::readColumn(const QDomElement &view, const QDomElement &column)
-{
-    CColumnData data;
-    data.viewRef = attributeOf(view, QStringLiteral("Id"));
-    data.dataType = m_dataTypes[attributeOf(column, QStringLiteral("DataType"))];
+    ColumnRecord record;
+    CColumnData &data = record.data;
+    data.dataType = m_dataTypes[column.attribute(QStringLiteral("DataType"))];
     data.columnType = CTemplateDataConverter::stringToColumnType(QStringRef(&data.dataType));
-    data.controlType = m_controlTypes[attributeOf(column, QStringLiteral("ControlType"))];
-    data.width = intAttributeOf(column, QStringLiteral("Width"));
-    data.sortOrder = intAttributeOf(column, QStringLiteral("Ordinal"));
+    data.controlType = m_controlTypes[column.attribute(QStringLiteral("ControlType"))];
+    data.width = column.intAttribute(QStringLiteral("Width"));
+    data.sortOrder = column.intAttribute(QStringLiteral("Ordinal"));
     data.isValueTransfer =
-        CTemplateDataConverter::stringToBool(attributeOf(column, QStringLiteral("ValueTransfer")));
-    if (column.hasAttribute(QStringLiteral("Unit"))) {
-        data.unit = attributeOf(column, QStringLiteral("Unit"));
-    }
+        CTemplateDataConverter::stringToBool(column.attribute(QStringLiteral("ValueTransfer")));
+    data.unit = column.sharedAttribute(QStringLiteral("Unit"));
+    data.caption = textItemBelow(column, ElementName::Caption);
+    data.toolTip = textItemBelow(column, ElementName::ToolTip);
+    data.dataSource = column.first(ElementName::ValueListName).sharedText();
+    data.displayFormat = column.first(ElementName::DisplayFormat)
+                             .first(ElementName::ValueFormatItem)
+                             .sharedAttribute(QStringLiteral("Format"));
     readRestrictions(column, data);
-    readBinding(view, column, data);
-    readPresentation(column, data);
-    data.dataSource = uniqueChildFromElementByTagName(column, QStringLiteral("ValueListName")).text();
-    data.typeFlags = static_cast<CTemplateColumn::TypeFlags>(m_valueListTypes[data.dataSource]);
-    data.defaultValue = m_defaultValues[{data.boundColumn, attributeOf(view, QStringLiteral("Name"))}];
-    return data;
+
+    const IndexedElement bound = column.first(ElementName::BoundProperty);
+    const IndexedElement reference = bound.first(ElementName::RefersTo);
+    data.boundColumn = bound.attribute(QStringLiteral("PropertyName"));
+    data.tableName = bound.sharedAttribute(QStringLiteral("ObjectName"));
+    record.hasReference = !reference.isNull();
+    record.displayPropertyName = reference.attribute(QStringLiteral("DisplayPropertyName"));
+    record.referredObjectName = reference.sharedAttribute(QStringLiteral("ObjectName"));
+    return record;
 }
 
-void NewTemplateXMLReader::readBinding(const QDomElement &view, const QDomElement &column,
-                                       CColumnData &data) const
+void NewTemplateXMLReader::readColumns(const IndexedElement &view, const std::deque<ColumnRecord> &records,
+                                       QList<CTemplateColumn *> &columns)
 {
-    const QDomElement bound = uniqueChildFromElementByTagName(column, QStringLiteral("BoundProperty"));
-    if (bound.isNull()) {
-        return;
-    }
-    data.boundColumn = attributeOf(bound, QStringLiteral("PropertyName"));
-    data.tableName = attributeOf(bound, QStringLiteral("ObjectName"));
-    const QDomElement reference = uniqueChildFromElementByTagName(bound, QStringLiteral("RefersTo"));
-    if (reference.isNull()) {
-        return;
-    }
-    const QString display = attributeOf(reference, QStringLiteral("DisplayPropertyName"));
-    // A key is shown in place of its reference only where a detail form must have it.
-    const bool isShown = !display.endsWith(QLatin1String("_Key")) ||
-                         (data.isMandatory && data.boundColumn.endsWith(QLatin1String("_FK")) &&
-                          attributeOf(view, QStringLiteral("Kind")) == QLatin1String("Detail"));
-    if (isShown) {
-        data.boundColumn += QLatin1Char('.') + display;
-        data.tableName = attributeOf(reference, QStringLiteral("ObjectName"));
-    }
-}
-
-void NewTemplateXMLReader::readRestrictions(const QDomElement &column, CColumnData &data) const
-{
-    const auto restriction = [&](const QString &name) {
-        return uniqueChildFromElementByTagName(column, name);
-    };
-    data.isMandatory = !restriction(QStringLiteral("MandatoryRestriction")).isNull();
-    data.isReadOnly = !restriction(QStringLiteral("ReadOnlyRestriction")).isNull();
-    data.isVirtual = !restriction(QStringLiteral("VirtualRestriction")).isNull();
-
-    // The restriction names the levels at which a column is shown: a column without one is never shown.
-    const QDomElement visibility = restriction(QStringLiteral("VisibilityRestriction"));
-    data.isVisible = !visibility.isNull();
-    if (attributeOf(visibility, QStringLiteral("Simple")) == QLatin1String("false")) {
-        data.groupLevel = static_cast<CTemplateColumn::GroupLevel>(countGroupLevel(visibility));
-    }
-
-    const QDomElement textLength = restriction(QStringLiteral("TextLengthRestriction"));
-    if (!textLength.isNull()) {
-        data.maximumTextLength = toSaturatedInt(doubleAttributeOf(textLength, QStringLiteral("Max")));
-    }
-
-    const QDomElement range = restriction(QStringLiteral("NumericRangeRestriction"));
-    if (range.hasAttribute(QStringLiteral("Step"))) {
-        data.stepInterval = doubleAttributeOf(range, QStringLiteral("Step"));
-    }
-    if (range.hasAttribute(QStringLiteral("Precision"))) {
-        data.precision = intAttributeOf(range, QStringLiteral("Precision"));
-    }
-    if (range.hasAttribute(QStringLiteral("From"))) {
-        data.minimumValue = doubleAttributeOf(range, QStringLiteral("From"));
-    }
-    if (range.hasAttribute(QStringLiteral("To"))) {
-        data.maximumValue = doubleAttributeOf(range, QStringLiteral("To"));
-    }
-}
-
-void NewTemplateXMLReader::readPresentation(const QDomElement &column, CColumnData &data) const
-{
-    const auto textItemOf = [&](const QString &name) {
-        const QDomElement element = uniqueChildFromElementByTagName(column, name);
-        return uniqueChildFromElementByTagName(element, QStringLiteral("TextItem")).text();
-    };
-    data.caption = textItemOf(QStringLiteral("Caption"));
-    data.toolTip = textItemOf(QStringLiteral("ToolTip"));
-    const QDomElement format = uniqueChildFromElementByTagName(column, QStringLiteral("DisplayFormat"));
-    data.displayFormat = attributeOf(
-        uniqueChildFromElementByTagName(format, QStringLiteral("ValueFormatItem")), QStringLiteral("Format"));
-}
-
-int NewTemplateXMLReader::countGroupLevel(const QDomElement &element) const
-{
-    const QDomNamedNodeMap attributes =
-        uniqueChildFromElementByTagName(element, QStringLiteral("GroupLevel")).attributes();
-    int levels = 0;
-    for (int i = attributes.length() - 1; i >= 0; --i) {
-        const QDomAttr attribute = attributes.item(i).toAttr();
-        const int level = levelOfAttribute(attribute.name());
-        // Attributes come in no order: a level counts when any attribute of it says so.
-        if (level > 0 && CTemplateDataConverter::stringToBool(attribute.value())) {
-            levels |= 1 << (level - 1);
+    const QString viewId = view.attribute(QStringLiteral("Id"));
+    const QString viewName = view.attribute(QStringLiteral("Name"));
+    const bool isDetailView = view.attribute(QStringLiteral("Kind")) == QLatin1String("Detail");
+    const auto elements = view.all(ElementName::Column);
+    columns.reserve(static_cast<int>(elements.size()));
+    for (const auto &element : elements) {
+        const ColumnRecord &record = records[static_cast<std::size_t>(element.columnRecord())];
+        CColumnData data = record.data;
+        data.viewRef = viewId;
+        applyReference(record, isDetailView, data);
+        data.typeFlags = static_cast<CTemplateColumn::TypeFlags>(m_valueListTypes[data.dataSource]);
+        data.defaultValue = m_defaultValues[{data.boundColumn, viewName}];
+        if (!isExcluded(data)) {
+            // Null for a column of unknown data type: the view keeps its place.
+            columns.append(CTemplateBuilder::buildColumn(data));
         }
     }
-    return levels;
 }
 
-void NewTemplateXMLReader::readDefaultValues()
+void NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
 {
-    const QDomNodeList scopes = uniqueTemplateElementByTagName(QStringLiteral("DefaultValues"))
-                                    .elementsByTagName(QStringLiteral("DefaultValueScope"));
-    for (int i = 0; i < scopes.count(); ++i) {
-        const QDomNodeList items =
-            scopes.at(i).toElement().elementsByTagName(QStringLiteral("DefaultValueItem"));
-        for (int j = 0; j < items.count(); ++j) {
-            const QDomElement item = items.at(j).toElement();
-            const QDomElement bound = uniqueChildFromElementByTagName(item, QStringLiteral("BoundProperty"));
-            QString path = attributeOf(bound, QStringLiteral("PropertyName"));
-            const QDomElement reference = uniqueChildFromElementByTagName(bound, QStringLiteral("RefersTo"));
-            if (!reference.isNull()) {
-                const QString display = attributeOf(reference, QStringLiteral("DisplayPropertyName"));
-                if (!display.endsWith(QLatin1String("_Key"))) {
-                    path += QLatin1Char('.') + display;
-                }
+    const IndexedElement defaults = document.first(ElementName::DefaultValues);
+    for (const auto &scope : defaults.all(ElementName::DefaultValueScope)) {
+        for (const auto &item : scope.all(ElementName::DefaultValueItem)) {
+            const IndexedElement bound = item.first(ElementName::BoundProperty);
+            const IndexedElement reference = bound.first(ElementName::RefersTo);
+            const QString display = reference.attribute(QStringLiteral("DisplayPropertyName"));
+            QString path = bound.attribute(QStringLiteral("PropertyName"));
+            if (!reference.isNull() && !display.endsWith(QLatin1String("_Key"))) {
+                path += QLatin1Char('.') + display;
             }
-            m_defaultValues.insert({path, attributeOf(item, QStringLiteral("View"))},
-                                   attributeOf(item, QStringLiteral("Value")));
+            m_defaultValues.insert({path, item.attribute(QStringLiteral("View"))},
+                                   item.attribute(QStringLiteral("Value")));
         }
     }
 }
 
-void NewTemplateXMLReader::readLegendLists()
+void NewTemplateXMLReader::readLegendLists(const DocumentIndex &document)
 {
-    const QDomNodeList scopes = uniqueTemplateElementByTagName(QStringLiteral("ClassificationColorScopes"))
-                                    .elementsByTagName(QStringLiteral("ClassificationColorScope"));
-    for (int i = 0; i < scopes.count(); ++i) {
-        const QDomElement scope = scopes.at(i).toElement();
+    const IndexedElement scopes = document.first(ElementName::ClassificationColorScopes);
+    for (const auto &scope : scopes.all(ElementName::ClassificationColorScope)) {
         // Hosts show the default scheme alone.
-        if (attributeOf(scope, QStringLiteral("Name")) == QLatin1String("ClassColorDefault")) {
-            readLegendListItem(scope, attributeOf(scope, QStringLiteral("Scope")));
+        if (scope.attribute(QStringLiteral("Name")) == QLatin1String("ClassColorDefault")) {
+            readLegendListItem(scope, scope.attribute(QStringLiteral("Scope")));
         }
     }
 }
 
-void NewTemplateXMLReader::readLegendListItem(const QDomElement &scope, QString scopeName)
+void NewTemplateXMLReader::readLegendListItem(const IndexedElement &scope, QString scopeName)
 {
-    const QDomNodeList colors = scope.elementsByTagName(QStringLiteral("ClassificationColor"));
-    for (int i = 0; i < colors.count(); ++i) {
-        const QDomElement element = colors.at(i).toElement();
-        const auto textItemOf = [&](const QString &name) {
-            const QDomElement text = uniqueChildFromElementByTagName(element, name);
-            return uniqueChildFromElementByTagName(text, QStringLiteral("TextItem")).text();
-        };
+    for (const auto &element : scope.all(ElementName::ClassificationColor)) {
         CTemplateLegendDataItem item;
-        item.numberFrom = doubleAttributeOf(element, QStringLiteral("From"));
-        item.numberTo = doubleAttributeOf(element, QStringLiteral("To"));
-        item.color = attributeOf(uniqueChildFromElementByTagName(element, QStringLiteral("Color")),
-                                 QStringLiteral("Html"));
-        item.textA = textItemOf(QStringLiteral("TextA"));
-        item.textB = textItemOf(QStringLiteral("TextB"));
+        item.numberFrom = element.doubleAttribute(QStringLiteral("From"));
+        item.numberTo = element.doubleAttribute(QStringLiteral("To"));
+        item.color = element.first(ElementName::Color).attribute(QStringLiteral("Html"));
+        item.textA = textItemBelow(element, ElementName::TextA);
+        item.textB = textItemBelow(element, ElementName::TextB);
         if (scopeName == QLatin1String("Lateral")) {
             m_rawData->legendB.append(item);
         } else if (scopeName == QLatin1String("Section")) {

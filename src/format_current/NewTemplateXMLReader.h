@@ -7,14 +7,15 @@
 #include <QMap>
 #include <QString>
 
+#include <deque>
 #include <utility>
-
-class QDomElement;
 
 namespace Tobrix::Templates {
 
 class CTemplateColumn;
-struct CColumnData;
+class DocumentIndex;
+class IndexedElement;
+struct ColumnRecord;
 
 /// Reads templates of the current format: a whole document, in which elements are found by their names at any
 /// depth and of several candidates the first in the document counts.
@@ -35,27 +36,21 @@ public:
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:
-    QDomElement uniqueTemplateElementByTagName(const QString &tagName) const;
-    QDomElement uniqueChildFromElementByTagName(const QDomElement &element, const QString &tagName) const;
+    void readTemplateData(const DocumentIndex &document);
+    void readClassificationColorPreset(const DocumentIndex &document);
+    void readCatalogs(const DocumentIndex &document);
 
-    void readTemplateData();
-    void readClassificationColorPreset();
-    void readCatalogs();
+    void readValueLists(const DocumentIndex &document);
+    void readValueListItems(const IndexedElement &valueList);
 
-    void readValueLists();
-    void readValueListItems(const QDomElement &valueList);
+    void readProgramView(const DocumentIndex &document, const std::deque<ColumnRecord> &records);
+    ColumnRecord readColumn(const IndexedElement &column);
+    void readColumns(const IndexedElement &view, const std::deque<ColumnRecord> &records,
+                     QList<CTemplateColumn *> &columns);
+    void readDefaultValues(const DocumentIndex &document);
 
-    void readProgramView();
-    void readColumns(const QDomElement &view, QList<CTemplateColumn *> &columns);
-    CColumnData readColumn(const QDomElement &view, const QDomElement &column);
-    void readBinding(const QDomElement &view, const QDomElement &column, CColumnData &data) const;
-    void readRestrictions(const QDomElement &column, CColumnData &data) const;
-    void readPresentation(const QDomElement &column, CColumnData &data) const;
-    int countGroupLevel(const QDomElement &element) const;
-    void readDefaultValues();
-
-    void readLegendLists();
-    void readLegendListItem(const QDomElement &scope, QString scopeName);
+    void readLegendLists(const DocumentIndex &document);
+    void readLegendListItem(const IndexedElement &scope, QString scopeName);
 
     QDomDocument m_document;
     CTemplateRawData *m_rawData = nullptr;

@@ -8,7 +8,6 @@
 #include "rawdata/CTemplateRawData.h"
 
 #include <QFile>
-#include <QXmlStreamReader>
 
 namespace Tobrix::Templates {
 
@@ -40,7 +39,7 @@ CTemplateLegendDataItem legendItemOf(const QXmlStreamAttributes &attributes)
 } // namespace
 
 CTemplateXMLReader::CTemplateXMLReader()
-    : m_file(std::make_unique<QFile>()), m_xml(std::make_unique<QXmlStreamReader>())
+    : m_file(std::make_unique<QFile>()), m_xml(std::make_unique<LegacyXmlStream>())
 {
 }
 
@@ -68,7 +67,7 @@ bool CTemplateXMLReader::open(const QString &fileName)
     if (!openTemplateFile(*m_file)) {
         return false;
     }
-    m_xml->setDevice(m_file.get());
+    m_xml->start(m_file.get());
     return true;
 }
 
@@ -101,7 +100,7 @@ bool CTemplateXMLReader::readTemplate()
     CTemplateBaseData &header = *m_rawData;
     return walkSection(*m_xml, CTemplateTokenizer::stringToTemplateInfoToken, TextRule::FirstAfterStartTag,
                        ignoreStart<Token>,
-                       [&](Token token) { storeText(headerFields, token, m_xml->text(), header); });
+                       [&](Token token) { storeText(headerFields, token, *m_xml, header); });
 }
 
 bool CTemplateXMLReader::readProgramView()
@@ -110,7 +109,7 @@ bool CTemplateXMLReader::readProgramView()
     auto view = std::make_unique<CProgramView>();
     const bool isComplete = walkSection(
         *m_xml, CTemplateTokenizer::stringToProgramViewToken, TextRule::FirstAfterStartTag,
-        ignoreStart<Token>, [&](Token token) { storeText(programViewFields, token, m_xml->text(), *view); });
+        ignoreStart<Token>, [&](Token token) { storeText(programViewFields, token, *m_xml, *view); });
     if (!isComplete) {
         return false;
     }
@@ -129,9 +128,9 @@ bool CTemplateXMLReader::readListItem()
     const bool isComplete = walkSection(*m_xml, CTemplateTokenizer::stringToListItemToken,
                                         TextRule::FirstAfterStartTag, ignoreStart<Token>, [&](Token token) {
                                             if (token == CTemplateTokenizer::LIST_Name) {
-                                                listName = ownText(m_xml->text());
+                                                listName = m_xml->repeatedTexts().shared(m_xml->text());
                                             }
-                                            storeText(listItemFields, token, m_xml->text(), *item);
+                                            storeText(listItemFields, token, *m_xml, *item);
                                         });
     // An item of no list can never be offered to anybody: such a file is damaged.
     if (!isComplete || listName.isEmpty()) {
@@ -148,10 +147,9 @@ bool CTemplateXMLReader::readColumn()
     const bool isComplete =
         walkSection(*m_xml, CTemplateTokenizer::stringToColumnToken, TextRule::DirectlyAfterStartTag,
                     ignoreStart<Token>, [&](Token token) {
-                        const QStringRef text = m_xml->text();
-                        storeText(columnFields, token, text, data);
+                        storeText(columnFields, token, *m_xml, data);
                         if (token == CTemplateTokenizer::COL_DataType) {
-                            data.columnType = CTemplateDataConverter::stringToColumnType(text);
+                            data.columnType = CTemplateDataConverter::stringToColumnType(m_xml->text());
                         }
                     });
     if (!isComplete) {

@@ -6,9 +6,10 @@
 #include <memory>
 
 class QFile;
-class QXmlStreamReader;
 
 namespace Tobrix::Templates {
+
+class LegacyXmlStream;
 
 /// Reads templates of the legacy format: a stream of sections (header, views, columns, list items, legends)
 /// below the containers "TobrixTemplate" and "TXSYS", in any order and number. Anything else is skipped with
@@ -44,7 +45,7 @@ private:
     CTemplateRawData *m_rawData = nullptr;
     // The XML reader reads from the file, so it goes first when the members are destroyed.
     const std::unique_ptr<QFile> m_file;
-    const std::unique_ptr<QXmlStreamReader> m_xml;
+    const std::unique_ptr<LegacyXmlStream> m_xml;
 };
 
 } // namespace Tobrix::Templates

@@ -19,6 +19,12 @@ struct LegacyField
     std::variant<std::monostate, Targets...> target = std::monostate();
 };
 
+/// A text that a template repeats from column to column, so that one copy of it serves them all.
+struct RepeatedText
+{
+    QString CColumnData::*field;
+};
+
 using HeaderField = LegacyField<CTemplateTokenizer::TemplateInfoToken, QString CTemplateBaseData::*,
                                 int CTemplateBaseData::*, bool CTemplateBaseData::*>;
 
@@ -29,7 +35,7 @@ using ListItemField = LegacyField<CTemplateTokenizer::ListItemToken, void (CList
                                   void (CListItem::*)(int)>;
 
 using ColumnField =
-    LegacyField<CTemplateTokenizer::ColumnToken, QString CColumnData::*, int CColumnData::*,
+    LegacyField<CTemplateTokenizer::ColumnToken, QString CColumnData::*, RepeatedText, int CColumnData::*,
                 double CColumnData::*, bool CColumnData::*, CTemplateColumn::GroupLevel CColumnData::*,
                 CTemplateColumn::TypeFlags CColumnData::*>;
 
@@ -75,17 +81,17 @@ inline constexpr ListItemField listItemFields[] = {
 inline constexpr ColumnField columnFields[] = {
     {CTemplateTokenizer::COL_PK, &CColumnData::uniqueId},
     {CTemplateTokenizer::COL_Template_FK, &CColumnData::isValueTransfer},
-    {CTemplateTokenizer::COL_ProgView_FK, &CColumnData::viewRef},
+    {CTemplateTokenizer::COL_ProgView_FK, RepeatedText{&CColumnData::viewRef}},
     {CTemplateTokenizer::COL_Bound_TableDir_REF, &CColumnData::isValueTransfer},
     {CTemplateTokenizer::COL_Bound_Column, &CColumnData::boundColumn},
     {CTemplateTokenizer::COL_Caption, &CColumnData::caption},
     {CTemplateTokenizer::COL_ToolTip, &CColumnData::toolTip},
     {CTemplateTokenizer::COL_GroupLevel, &CColumnData::groupLevel},
-    {CTemplateTokenizer::COL_DataType, &CColumnData::dataType},
+    {CTemplateTokenizer::COL_DataType, RepeatedText{&CColumnData::dataType}},
     {CTemplateTokenizer::COL_RangeFrom, &CColumnData::minimumValue},
     {CTemplateTokenizer::COL_RangeTo, &CColumnData::maximumValue},
     {CTemplateTokenizer::COL_Steps, &CColumnData::stepInterval},
-    {CTemplateTokenizer::COL_Unit, &CColumnData::unit},
+    {CTemplateTokenizer::COL_Unit, RepeatedText{&CColumnData::unit}},
     {CTemplateTokenizer::COL_StateBits},
     {CTemplateTokenizer::COL_Visible, &CColumnData::isVisible},
     {CTemplateTokenizer::COL_ReadOnly, &CColumnData::isReadOnly},
@@ -95,7 +101,7 @@ inline constexpr ColumnField columnFields[] = {
     {CTemplateTokenizer::COL_EvalObjSymbol},
     {CTemplateTokenizer::COL_EvalObjColor},
     {CTemplateTokenizer::COL_DataSourceType, &CColumnData::typeFlags},
-    {CTemplateTokenizer::COL_DataSource, &CColumnData::dataSource},
+    {CTemplateTokenizer::COL_DataSource, RepeatedText{&CColumnData::dataSource}},
     {CTemplateTokenizer::COL_ControlType, &CColumnData::controlType},
     {CTemplateTokenizer::COL_TextAlign},
     {CTemplateTokenizer::COL_Width, &CColumnData::width},
@@ -103,8 +109,8 @@ inline constexpr ColumnField columnFields[] = {
     {CTemplateTokenizer::COL_BackColor},
     {CTemplateTokenizer::COL_SortOrder, &CColumnData::sortOrder},
     {CTemplateTokenizer::COL_Length, &CColumnData::maximumTextLength},
-    {CTemplateTokenizer::TDIR_Key, &CColumnData::tableName},
-    {CTemplateTokenizer::COL_DisplayFmt, &CColumnData::displayFormat},
+    {CTemplateTokenizer::TDIR_Key, RepeatedText{&CColumnData::tableName}},
+    {CTemplateTokenizer::COL_DisplayFmt, RepeatedText{&CColumnData::displayFormat}},
     {CTemplateTokenizer::COL_Default, &CColumnData::defaultValue},
     {CTemplateTokenizer::COL_Precision, &CColumnData::precision},
 };

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "format_legacy/LegacyFields_p.h"
+#include "format_legacy/LegacyXmlStream_p.h"
 #include "rawdata/CTemplateDataConverter.h"
+#include "rawdata/DecimalInt_p.h"
+#include "rawdata/TextPool_p.h"
 
 #include <QStringRef>
 #include <QXmlStreamReader>
@@ -11,12 +15,10 @@
 
 namespace Tobrix::Templates {
 
-/// Which of an element's texts count. The sections of the format differ in it, and files exist that rely on
-/// each.
+/// Which of an element's texts count. The sections differ in it, and files exist that rely on each.
 enum class TextRule {
     /// The first text after a start tag, even one behind the element's end: an empty element takes the white
-    /// space
-    /// behind it.
+    /// space behind it.
     FirstAfterStartTag,
     /// Only a text that directly follows a start tag.
     DirectlyAfterStartTag,
@@ -91,32 +93,47 @@ Value converted(const QStringRef &text)
     } else if constexpr (std::is_same_v<Value, double>) {
         return text.toDouble(nullptr);
     } else {
-        return static_cast<Value>(text.toInt(nullptr, 10));
+        return static_cast<Value>(toDecimalInt(text));
     }
 }
 
+/// Stores the text of one element in a record, as the kind of the target says.
 template <typename Record>
-void store(const QStringRef &, Record &, std::monostate)
+class TextTarget
 {
-}
+public:
+    TextTarget(const QStringRef &text, Record &record, TextPool &repeatedTexts)
+        : m_text(text), m_record(record), m_repeatedTexts(repeatedTexts)
+    {
+    }
 
-template <typename Record, typename Value>
-void store(const QStringRef &text, Record &record, Value Record::*field)
-{
-    record.*field = converted<Value>(text);
-}
+    void operator()(std::monostate) const {}
 
-template <typename Record, typename Value>
-void store(const QStringRef &text, Record &record, void (Record::*setter)(Value))
-{
-    (record.*setter)(converted<std::decay_t<Value>>(text));
-}
+    void operator()(RepeatedText target) const { m_record.*target.field = m_repeatedTexts.shared(m_text); }
 
-/// Stores the text of an element where the section's field table says.
+    template <typename Value, typename Owner>
+    void operator()(Value Owner::*field) const
+    {
+        m_record.*field = converted<Value>(m_text);
+    }
+
+    template <typename Value, typename Owner>
+    void operator()(void (Owner::*setter)(Value)) const
+    {
+        (m_record.*setter)(converted<std::decay_t<Value>>(m_text));
+    }
+
+private:
+    const QStringRef m_text;
+    Record &m_record;
+    TextPool &m_repeatedTexts;
+};
+
+/// Stores the current text of the stream, which belongs to an element, where the section's field table says.
 template <typename Fields, typename Token, typename Record>
-void storeText(const Fields &fields, Token token, const QStringRef &text, Record &record)
+void storeText(const Fields &fields, Token token, LegacyXmlStream &xml, Record &record)
 {
-    std::visit([&](auto target) { store(text, record, target); }, fields[token - 1].target);
+    std::visit(TextTarget<Record>(xml.text(), record, xml.repeatedTexts()), fields[token - 1].target);
 }
 
 } // namespace Tobrix::Templates

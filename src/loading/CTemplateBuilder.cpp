@@ -20,6 +20,8 @@
 
 #include <QPair>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -123,20 +125,37 @@ std::unique_ptr<CTemplateColumn> makeTimeColumn(const CColumnData &data)
     return makeColumn<CTimeColumn>(data, QVariant(), data.defaultValue == today, data.width);
 }
 
-/// One view's columns while they are on their way from the raw record to their view. Columns that do not get
-/// there are deleted.
+/// The end of the entries of a multi-map that have the same key as the first one.
+template <typename Iterator>
+Iterator endOfGroup(Iterator first, Iterator end)
+{
+    Iterator it = first;
+    while (it != end && it.key() == first.key()) {
+        ++it;
+    }
+    return it;
+}
+
+/// One view's columns on their way from the raw record to their view. Columns that do not get there are
+/// deleted.
 class ColumnGroup
 {
 public:
-    explicit ColumnGroup(const QString &viewId) : m_viewId(viewId) {}
+    using Entry = QMap<QString, CTemplateColumn *>::iterator;
+
+    /// Takes the columns out of the record.
+    ColumnGroup(Entry begin, Entry end)
+    {
+        m_columns.reserve(static_cast<int>(std::distance(begin, end)));
+        for (Entry entry = begin; entry != end; ++entry) {
+            m_columns.append(std::exchange(entry.value(), nullptr));
+        }
+    }
     ~ColumnGroup() { qDeleteAll(m_columns); }
 
-    const QString &viewId() const { return m_viewId; }
-    void append(CTemplateColumn *column) { m_columns.append(column); }
-
-    bool handOverTo(const QHash<QString, CProgramView *> &views)
+    /// Gives the columns to their view, in order. Fails when there is no such view.
+    bool handOverTo(CProgramView *view)
     {
-        CProgramView *view = views.value(m_viewId, nullptr);
         if (!view) {
             return false;
         }
@@ -149,7 +168,6 @@ public:
 private:
     Q_DISABLE_COPY(ColumnGroup)
 
-    QString m_viewId;
     QList<CTemplateColumn *> m_columns;
 };
 
@@ -232,13 +250,12 @@ bool CTemplateBuilder::associateColumnsWithProgramViews()
     auto &columns = m_rawData->columns;
     auto it = columns.begin();
     while (it != columns.end()) {
-        ColumnGroup group(it.key());
-        for (; it != columns.end() && it.key() == group.viewId(); ++it) {
-            group.append(std::exchange(it.value(), nullptr));
-        }
-        if (!group.handOverTo(m_rawData->programViews)) {
+        const auto groupEnd = endOfGroup(it, columns.end());
+        ColumnGroup group(it, groupEnd);
+        if (!group.handOverTo(m_rawData->programViews.value(it.key(), nullptr))) {
             return false;
         }
+        it = groupEnd;
     }
     columns = {};
     return true;
@@ -249,16 +266,16 @@ void CTemplateBuilder::buildLists()
     const auto &items = m_rawData->listItems;
     auto it = items.cbegin();
     while (it != items.cend()) {
-        const QString name = it.key();
+        const auto groupEnd = endOfGroup(it, items.cend());
         QList<CListItem *> list;
-        for (; it != items.cend() && it.key() == name; ++it) {
-            list.append(it.value());
-        }
+        list.reserve(static_cast<int>(std::distance(it, groupEnd)));
+        std::copy(it, groupEnd, std::back_inserter(list));
         // The list whose name comes last keeps the record's order: hosts have always shown it that way.
-        if (it != items.cend()) {
+        if (groupEnd != items.cend()) {
             sortBySortOrder(list);
         }
-        m_template->addItemList(name, list);
+        m_template->addItemList(it.key(), list);
+        it = groupEnd;
     }
     m_rawData->listItems = {};
 }

@@ -32,11 +32,12 @@ public:
     CTemplateColumn::GroupLevel groupLevel{};
     const CTemplateColumn::ColumnType columnType;
     CTemplateColumn::TypeFlags typeFlags{};
-    bool visible = false;
-    bool readOnly = false;
-    bool mandatory = false;
-    bool isVirtual = false;
-    bool valueTransfer = false;
+    // One byte for all five: a template has thousands of columns.
+    bool visible : 1;
+    bool readOnly : 1;
+    bool mandatory : 1;
+    bool isVirtual : 1;
+    bool valueTransfer : 1;
     int controlType = 0;
 
 private:
