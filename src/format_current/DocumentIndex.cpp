@@ -132,6 +132,18 @@ std::vector<IndexedElement> DocumentIndex::all(ElementName name) const
     return allWithin(0, size(), name);
 }
 
+qint64 DocumentIndex::countWithinEach(ElementName container, ElementName name) const
+{
+    qint64 count = 0;
+    for (auto entry = m_entries.cbegin(); entry != m_entries.cend(); ++entry) {
+        if (entry->name == container) {
+            const auto hasName = [name](const Entry &inner) { return inner.name == name; };
+            count += std::count_if(entry + 1, m_entries.cbegin() + entry->end, hasName);
+        }
+    }
+    return count;
+}
+
 IndexedElement DocumentIndex::firstWithin(int begin, int end, ElementName name) const
 {
     const auto hasName = [name](const Entry &entry) { return entry.name == name; };

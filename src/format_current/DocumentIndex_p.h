@@ -36,6 +36,9 @@ public:
     /// All elements of a name in the document, in document order.
     std::vector<IndexedElement> all(ElementName name) const;
 
+    /// The number of elements of a name that containers of a name hold, added up over the containers.
+    qint64 countWithinEach(ElementName container, ElementName name) const;
+
 private:
     friend class IndexedElement;
 

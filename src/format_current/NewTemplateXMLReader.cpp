@@ -3,6 +3,7 @@
 #include "format_current/CurrentFormatTables_p.h"
 #include "format_current/DocumentIndex_p.h"
 #include "loading/CTemplateBuilder.h"
+#include "loading/Limits_p.h"
 #include "loading/TemplateFile_p.h"
 #include "model/CListItem.h"
 #include "model/CProgramView.h"
@@ -12,8 +13,6 @@
 #include "rawdata/CTemplateDataConverter.h"
 #include "rawdata/CTemplateRawData.h"
 #include "rawdata/SaturatedInt_p.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <deque>
@@ -119,6 +118,17 @@ void applyReference(const ColumnRecord &record, bool isDetailView, CColumnData &
     }
 }
 
+/// Whether what the reader would make of a document keeps within the limits, where containers may stand in
+/// each other and share what they hold.
+bool isWithinLimits(const DocumentIndex &document)
+{
+    return document.countWithinEach(ElementName::View, ElementName::Column) <= Limits::columns &&
+           document.countWithinEach(ElementName::ValueList, ElementName::ValueListItem) <=
+               Limits::listItems &&
+           document.countWithinEach(ElementName::ClassificationColorScope,
+                                    ElementName::ClassificationColor) <= Limits::legendItems;
+}
+
 } // namespace
 
 NewTemplateXMLReader::NewTemplateXMLReader()
@@ -143,19 +153,30 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
     m_defaultValues.clear();
     m_rawData = &rawData;
 
-    QFile file(fileName);
-    if (!openTemplateFile(file)) {
+    TemplateFile file;
+    if (!file.openTemplate(fileName)) {
         return false;
     }
-    // A file that is not well-formed leaves what stands before the fault.
+    // A file that is not well-formed leaves what stands before the fault, one past the limits nothing.
     m_document.setContent(&file, false);
     file.close();
+    if (!file.excess().isEmpty() || !readDocument()) {
+        m_document.clear();
+        readDocument();
+    }
+    return true;
+}
 
+bool NewTemplateXMLReader::readDocument()
+{
     std::deque<ColumnRecord> records;
     const DocumentIndex document(m_document, [&](const IndexedElement &column) {
         records.push_back(readColumn(column));
         return static_cast<int>(records.size() - 1);
     });
+    if (!isWithinLimits(document)) {
+        return false;
+    }
     readTemplateData(document);
     readValueLists(document);
     readProgramView(document, records);

@@ -29,13 +29,17 @@ public:
     /// Releases the document read last.
     ~NewTemplateXMLReader() override;
 
-    /// Reads one file. Of a file that is not well-formed, what stands before the fault is read.
+    /// Reads one file. Of a file that is not well-formed, what stands before the fault is read; of one that
+    /// asks for more than any template does (by its depth, its entities, its sheer number of columns),
+    /// nothing.
     /// @param fileName path of the file
     /// @param rawData owns what is put into it; not emptied before
     /// @return false only when the file cannot be opened; the record is untouched then
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:
+    bool readDocument();
+
     void readTemplateData(const DocumentIndex &document);
     void readClassificationColorPreset(const DocumentIndex &document);
     void readCatalogs(const DocumentIndex &document);

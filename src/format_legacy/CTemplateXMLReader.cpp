@@ -4,10 +4,9 @@
 #include "format_legacy/LegacyFields_p.h"
 #include "format_legacy/LegacySection_p.h"
 #include "loading/CTemplateBuilder.h"
+#include "loading/Limits_p.h"
 #include "loading/TemplateFile_p.h"
 #include "rawdata/CTemplateRawData.h"
-
-#include <QFile>
 
 namespace Tobrix::Templates {
 
@@ -39,7 +38,7 @@ CTemplateLegendDataItem legendItemOf(const QXmlStreamAttributes &attributes)
 } // namespace
 
 CTemplateXMLReader::CTemplateXMLReader()
-    : m_file(std::make_unique<QFile>()), m_xml(std::make_unique<LegacyXmlStream>())
+    : m_file(std::make_unique<TemplateFile>()), m_xml(std::make_unique<LegacyXmlStream>())
 {
 }
 
@@ -49,26 +48,16 @@ bool CTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &raw
 {
     m_rawData = &rawData;
     m_rawData->clear();
-    if (!open(fileName)) {
+    if (!m_file->openTemplate(fileName)) {
         return false;
     }
+    m_xml->start(m_file.get());
     while (!isFinished(*m_xml)) {
         if (m_xml->readNext() == QXmlStreamReader::StartElement && !readSectionAtStartTag()) {
             return false;
         }
     }
-    return m_xml->error() == QXmlStreamReader::NoError;
-}
-
-bool CTemplateXMLReader::open(const QString &fileName)
-{
-    m_file->close();
-    m_file->setFileName(fileName);
-    if (!openTemplateFile(*m_file)) {
-        return false;
-    }
-    m_xml->start(m_file.get());
-    return true;
+    return m_xml->error() == QXmlStreamReader::NoError && m_file->excess().isEmpty();
 }
 
 bool CTemplateXMLReader::readSectionAtStartTag()
@@ -133,7 +122,7 @@ bool CTemplateXMLReader::readListItem()
                                             storeText(listItemFields, token, *m_xml, *item);
                                         });
     // An item of no list can never be offered to anybody: such a file is damaged.
-    if (!isComplete || listName.isEmpty()) {
+    if (!isComplete || listName.isEmpty() || m_rawData->listItems.size() >= Limits::listItems) {
         return false;
     }
     m_rawData->listItems.insertMulti(listName, item.release());
@@ -158,7 +147,8 @@ bool CTemplateXMLReader::readColumn()
     if (data.columnType == CTemplateColumn::Unknown) {
         return true;
     }
-    CTemplateColumn *column = CTemplateBuilder::buildColumn(data);
+    CTemplateColumn *column =
+        m_rawData->columns.size() < Limits::columns ? CTemplateBuilder::buildColumn(data) : nullptr;
     if (!column) {
         return false;
     }

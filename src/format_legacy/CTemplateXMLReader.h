@@ -5,11 +5,10 @@
 
 #include <memory>
 
-class QFile;
-
 namespace Tobrix::Templates {
 
 class LegacyXmlStream;
+class TemplateFile;
 
 /// Reads templates of the legacy format: a stream of sections (header, views, columns, list items, legends)
 /// below the containers "TobrixTemplate" and "TXSYS", in any order and number. Anything else is skipped with
@@ -33,7 +32,6 @@ public:
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:
-    bool open(const QString &fileName);
     bool readSectionAtStartTag();
 
     bool readTemplate();
@@ -44,7 +42,7 @@ private:
 
     CTemplateRawData *m_rawData = nullptr;
     // The XML reader reads from the file, so it goes first when the members are destroyed.
-    const std::unique_ptr<QFile> m_file;
+    const std::unique_ptr<TemplateFile> m_file;
     const std::unique_ptr<LegacyXmlStream> m_xml;
 };
 

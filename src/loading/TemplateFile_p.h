@@ -1,13 +1,52 @@
 #pragma once
 
-class QFile;
+#include "loading/XmlGuard_p.h"
+
+#include <QFile>
+
+#include <memory>
+#include <vector>
+
+class QTextDecoder;
 
 namespace Tobrix::Templates {
 
-/// Opens a template file for reading. Only regular files and Qt resources are opened: whatever else the path
-/// names (a folder, a pipe, a device) could block the host's thread for ever.
-/// @param file a closed file with its name set
-/// @return false when there is nothing to read under that name; the file is closed then
-bool openTemplateFile(QFile &file);
+/// A template file on its way into an XML parser. Only regular files and Qt resources are opened: whatever
+/// else a path names (a folder, a pipe, a device) could block the host's thread for ever. What is read from
+/// it is within the limits of templates: where something is too much, the file is at its end.
+class TemplateFile : public QFile
+{
+public:
+    TemplateFile();
+    ~TemplateFile() override;
+
+    /// Closes the file that was open and opens another one for reading.
+    /// @return false when there is nothing to read under that path
+    bool openTemplate(const QString &path);
+
+    /// What is too much in the file, in words; empty when nothing was as far as the file has been read.
+    QString excess() const { return m_excess; }
+    /// The number of bytes before the place where it is too much.
+    qint64 excessOffset() const { return m_excessOffset; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override;
+
+private:
+    /// One way to understand the file's bytes.
+    struct View
+    {
+        std::unique_ptr<QTextDecoder> decoder; // null for bytes in which markup stands in ASCII
+        XmlGuard guard;
+    };
+
+    void chooseViews(const QByteArray &beginning);
+    void addView(const QByteArray &encoding);
+
+    std::vector<View> m_views;
+    QString m_excess;
+    qint64 m_excessOffset = 0;
+    qint64 m_offset = 0;
+};
 
 } // namespace Tobrix::Templates

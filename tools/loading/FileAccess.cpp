@@ -1,6 +1,6 @@
 #include "tools/loading/FileAccess.h"
 
-#include "loading/TemplateFile_p.h"
+#include <QFile>
 
 #include <cerrno>
 #include <sys/stat.h>
@@ -21,11 +21,6 @@ QString whyNotFound(const QByteArray &path, int error)
 }
 
 } // namespace
-
-bool openTemplate(QFile &file)
-{
-    return Templates::openTemplateFile(file);
-}
 
 QString whyNotOpened(const QString &fileName)
 {

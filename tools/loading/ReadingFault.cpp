@@ -2,6 +2,7 @@
 
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacySection_p.h"
+#include "loading/TemplateFile_p.h"
 #include "model/CTemplateColumn.h"
 #include "rawdata/CTemplateRawData.h"
 
@@ -93,6 +94,16 @@ QString faultOfCurrentFile(QIODevice &file)
         return QString();
     }
     return notWellFormed(line, column, explanation) + QStringLiteral("; what follows was lost");
+}
+
+QString excessOf(const TemplateFile &file)
+{
+    // Read again, the file ends at the same place.
+    TemplateFile again;
+    const qint64 line = again.openTemplate(file.fileName()) ? again.readAll().count('\n') + 1 : 1;
+    return QStringLiteral("goes past a limit at line %1: %2; nothing of it is used")
+        .arg(line)
+        .arg(file.excess());
 }
 
 QString buildingFault(const CTemplateRawData &rawData)

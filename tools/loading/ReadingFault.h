@@ -4,8 +4,9 @@ class QIODevice;
 class QString;
 
 namespace Tobrix::Templates {
+class TemplateFile;
 struct CTemplateRawData;
-}
+} // namespace Tobrix::Templates
 
 namespace Tobrix::Tools {
 
@@ -16,6 +17,9 @@ QString faultOfLegacyFile(QIODevice &file);
 /// Where a file of the current format stops being well-formed; empty when it is. Judged by the parser that
 /// the format's reader uses.
 QString faultOfCurrentFile(QIODevice &file);
+
+/// What a file that has been read has too much of, and where; nothing of such a file is used.
+QString excessOf(const Templates::TemplateFile &file);
 
 /// Why no template can be built of what the legacy reader has read.
 QString buildingFault(const Templates::CTemplateRawData &rawData);

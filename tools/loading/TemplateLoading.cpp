@@ -6,6 +6,7 @@
 #include "format_current/NewTemplateXMLReader.h"
 #include "format_legacy/CTemplateXMLReader.h"
 #include "loading/CTemplateReader.h"
+#include "loading/TemplateFile_p.h"
 #include "loading/TemplateLocation_p.h"
 #include "model/CCatalogTemplate.h"
 #include "model/CTemplateColumn.h"
@@ -27,11 +28,12 @@ std::unique_ptr<AbstractTemplateXmlReader> readerFor(const QString &fileName)
 
 QString readingProblem(const QString &fileName)
 {
-    QFile file(fileName);
-    if (!openTemplate(file)) {
+    TemplateFile file;
+    if (!file.openTemplate(fileName)) {
         return whyNotOpened(fileName);
     }
-    return isCurrentFormatPath(fileName) ? faultOfCurrentFile(file) : faultOfLegacyFile(file);
+    const QString fault = isCurrentFormatPath(fileName) ? faultOfCurrentFile(file) : faultOfLegacyFile(file);
+    return file.excess().isEmpty() ? fault : excessOf(file);
 }
 
 } // namespace

@@ -1,0 +1,324 @@
+#include "loading/XmlGuard_p.h"
+
+#include "loading/Limits_p.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace Tobrix::Templates {
+
+namespace {
+
+bool isSpace(char c)
+{
+    return c == ' ' || c == '\n' || c == '\t' || c == '\r';
+}
+
+const char *find(char c, const char *at, const char *end)
+{
+    const void *found = std::memchr(at, c, static_cast<std::size_t>(end - at));
+    return found ? static_cast<const char *>(found) : end;
+}
+
+} // namespace
+
+qint64 XmlGuard::follow(const char *bytes, qint64 size)
+{
+    const char *at = bytes;
+    const char *const end = bytes + size;
+    while (at != end && m_excess.isEmpty()) {
+        at = followState(at, end);
+    }
+    return at - bytes;
+}
+
+const char *XmlGuard::followState(const char *at, const char *end)
+{
+    switch (m_state) {
+    case State::Text:
+        return followText(at, end);
+    case State::Markup:
+        return followMarkup(at);
+    case State::Declaration:
+        return followDeclaration(at);
+    case State::Comment:
+        return followToTerminator('-', 2, at, end);
+    case State::CData:
+        return followToTerminator(']', 2, at, end);
+    case State::Instruction:
+        return followToTerminator('?', 1, at, end);
+    case State::StartTag:
+        return followStartTag(at, end);
+    case State::AttributeValue:
+        return followAttributeValue(at, end);
+    case State::EndTag:
+        return followEndTag(at, end);
+    case State::DocumentType:
+        return followDocumentType(at, end);
+    }
+    return end;
+}
+
+const char *XmlGuard::followText(const char *at, const char *end)
+{
+    at = findBehindReferences('<', at, end);
+    if (at == end) {
+        return at;
+    }
+    enter(State::Markup);
+    return at + 1;
+}
+
+const char *XmlGuard::followMarkup(const char *at)
+{
+    switch (*at) {
+    case '/':
+        enter(State::EndTag);
+        return at + 1;
+    case '!':
+        enter(State::Declaration);
+        return at + 1;
+    case '?':
+        enter(State::Instruction);
+        return at + 1;
+    default:
+        openElement();
+        return at;
+    }
+}
+
+const char *XmlGuard::followDeclaration(const char *at)
+{
+    static const struct
+    {
+        QByteArray keyword;
+        State state;
+    } declarations[] = {{"--", State::Comment}, {"[CDATA[", State::CData}, {"DOCTYPE", State::DocumentType}};
+
+    m_declaration += *at;
+    bool isPossible = false;
+    for (const auto &declaration : declarations) {
+        if (m_declaration == declaration.keyword) {
+            enter(declaration.state);
+            return at + 1;
+        }
+        isPossible = isPossible || declaration.keyword.startsWith(m_declaration);
+    }
+    if (!isPossible) {
+        // No parser goes on behind this. Should one, then it takes it for no more than a tag.
+        openElement();
+    }
+    return at + 1;
+}
+
+const char *XmlGuard::followToTerminator(char repeated, int count, const char *at, const char *end)
+{
+    for (; at != end; ++at) {
+        if (*at == '>' && m_terminatorMatched >= count) {
+            enter(State::Text);
+            return at + 1;
+        }
+        m_terminatorMatched = *at == repeated ? m_terminatorMatched + 1 : 0;
+    }
+    return at;
+}
+
+const char *XmlGuard::followStartTag(const char *at, const char *end)
+{
+    for (; at != end; ++at) {
+        const char c = *at;
+        if (c == '>') {
+            m_depth -= m_previousInTag == '/' ? 1 : 0;
+            enter(State::Text);
+            return at + 1;
+        }
+        if (c == '"' || c == '\'') {
+            beginAttributeValue(c);
+            return at + 1;
+        }
+        nameAttribute(c);
+        m_previousInTag = c;
+    }
+    return at;
+}
+
+const char *XmlGuard::followAttributeValue(const char *at, const char *end)
+{
+    at = findBehindReferences(m_quote, at, end);
+    if (at == end) {
+        return at;
+    }
+    m_state = State::StartTag;
+    m_previousInTag = m_quote;
+    m_isAttributeNameComplete = true;
+    return at + 1;
+}
+
+const char *XmlGuard::followEndTag(const char *at, const char *end)
+{
+    at = find('>', at, end);
+    if (at == end) {
+        return at;
+    }
+    m_depth = std::max(0, m_depth - 1);
+    enter(State::Text);
+    return at + 1;
+}
+
+const char *XmlGuard::followDocumentType(const char *at, const char *end)
+{
+    for (; at != end; ++at) {
+        if (isDocumentTypeAtEnd(*at)) {
+            m_excess = m_documentType.read(m_documentTypeText);
+            enter(State::Text);
+            return at + 1;
+        }
+        m_documentTypeText += *at;
+        require(m_documentTypeText.size() <= Limits::documentTypeSize,
+                "a document type of more than %1 bytes", Limits::documentTypeSize);
+        if (!m_excess.isEmpty()) {
+            return at;
+        }
+    }
+    return at;
+}
+
+bool XmlGuard::isDocumentTypeAtEnd(char c)
+{
+    // Quotes mean nothing in comments ('-') and instructions ('?'), and brackets nothing in any of them.
+    switch (m_documentTypeQuote) {
+    case 0:
+        if (c == '"' || c == '\'') {
+            m_documentTypeQuote = c;
+        } else if (c == '-' && m_documentTypeText.endsWith("<!-")) {
+            m_documentTypeQuote = c;
+        } else if (c == '?' && m_documentTypeText.endsWith('<')) {
+            m_documentTypeQuote = c;
+        } else if (c == '[') {
+            ++m_documentTypeBrackets;
+        } else if (c == ']') {
+            --m_documentTypeBrackets;
+        }
+        return c == '>' && m_documentTypeBrackets <= 0;
+    case '-':
+        if (c == '>' && m_documentTypeText.endsWith("--") && !m_documentTypeText.endsWith("<!--")) {
+            m_documentTypeQuote = 0;
+        }
+        return false;
+    case '?':
+        if (c == '>' && m_documentTypeText.endsWith('?') && !m_documentTypeText.endsWith("<?")) {
+            m_documentTypeQuote = 0;
+        }
+        return false;
+    default:
+        if (c == m_documentTypeQuote) {
+            m_documentTypeQuote = 0;
+        }
+        return false;
+    }
+}
+
+const char *XmlGuard::findBehindReferences(char c, const char *at, const char *end)
+{
+    const char *const found = find(c, at, end);
+    if (m_documentType.hasEntities()) {
+        for (; at != found; ++at) {
+            followReference(*at);
+        }
+    }
+    return found;
+}
+
+void XmlGuard::followReference(char c)
+{
+    if (c == '&') {
+        m_isInReference = true;
+        m_reference.clear();
+    } else if (m_isInReference && c == ';') {
+        m_isInReference = false;
+        const auto cost = m_documentType.costOf(m_reference);
+        m_referenceCost.characters += cost.characters;
+        m_referenceCost.references += cost.references;
+        m_referenceCost.startTags += cost.startTags;
+        m_elements += cost.startTags;
+        require(m_referenceCost.references <= Limits::entityReferences, "more than %1 references to entities",
+                Limits::entityReferences);
+        require(m_referenceCost.characters <= Limits::entityCharacters,
+                "entities that come to more than %1 characters", Limits::entityCharacters);
+        require(m_depth + m_referenceCost.startTags <= Limits::depth, "more than %1 elements in each other",
+                Limits::depth);
+    } else if (m_isInReference) {
+        // A longer name than there can be in a document type is nobody's.
+        m_isInReference = m_reference.size() < Limits::documentTypeSize;
+        m_reference += c;
+    }
+}
+
+void XmlGuard::enter(State state)
+{
+    m_state = state;
+    m_isInReference = false;
+    m_terminatorMatched = 0;
+    if (state == State::Declaration) {
+        m_declaration.clear();
+    } else if (state == State::DocumentType) {
+        m_documentTypeText.clear();
+        m_documentTypeBrackets = 0;
+        m_documentTypeQuote = 0;
+    }
+}
+
+void XmlGuard::openElement()
+{
+    enter(State::StartTag);
+    m_previousInTag = 0;
+    m_attributes = 0;
+    m_attributeNameSize = 0;
+    m_isAttributeNameComplete = false;
+    ++m_depth;
+    ++m_elements;
+    require(m_depth + m_referenceCost.startTags <= Limits::depth, "more than %1 elements in each other",
+            Limits::depth);
+    require(m_elements * m_documentType.defaultAttributes() <= Limits::defaultedAttributes &&
+                m_elements * m_documentType.defaultCharacters() <= Limits::defaultedCharacters,
+            "too many attributes by the defaults of the document type");
+}
+
+void XmlGuard::nameAttribute(char c)
+{
+    if (isSpace(c)) {
+        m_isAttributeNameComplete = true;
+    } else if (c != '=') {
+        if (m_isAttributeNameComplete) {
+            m_isAttributeNameComplete = false;
+            m_attributeNameSize = 0;
+        }
+        if (m_attributeNameSize < m_attributeName.size()) {
+            m_attributeName[m_attributeNameSize++] = c;
+        }
+    }
+}
+
+void XmlGuard::beginAttributeValue(char quote)
+{
+    m_state = State::AttributeValue;
+    m_quote = quote;
+    ++m_attributes;
+    require(m_attributes <= Limits::attributesOfElement, "more than %1 attributes on one element",
+            Limits::attributesOfElement);
+    constexpr std::array<char, 5> namespacePrefix = {'x', 'm', 'l', 'n', 's'};
+    if (m_attributeNameSize == namespacePrefix.size() && m_attributeName == namespacePrefix) {
+        ++m_namespaceDeclarations;
+        require(m_namespaceDeclarations <= Limits::namespaceDeclarations,
+                "more than %1 namespace declarations", Limits::namespaceDeclarations);
+    }
+}
+
+void XmlGuard::require(bool isWithinLimit, const char *excess, int limit)
+{
+    if (!isWithinLimit && m_excess.isEmpty()) {
+        m_excess = limit > 0 ? QString::fromLatin1(excess).arg(limit) : QString::fromLatin1(excess);
+    }
+}
+
+} // namespace Tobrix::Templates

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "loading/DocumentTypeGuard_p.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <array>
+
+namespace Tobrix::Templates {
+
+/// Follows the markup of an XML document as it is handed to a parser, and says when it goes past a limit. It
+/// understands as much of XML as that takes and no more: what is not well-formed is for the parser to find,
+/// which stops there.
+///
+/// Works on bytes in which markup stands in ASCII.
+class XmlGuard
+{
+public:
+    /// Follows the next bytes.
+    /// @return how many of them are within the limits: all, or those before the place where something is too
+    /// much
+    qint64 follow(const char *bytes, qint64 size);
+
+    /// What is too much, in words; empty as long as nothing is.
+    QString excess() const { return m_excess; }
+
+private:
+    enum class State {
+        Text,
+        Markup,
+        Declaration,
+        Comment,
+        CData,
+        Instruction,
+        StartTag,
+        AttributeValue,
+        EndTag,
+        DocumentType
+    };
+
+    const char *followState(const char *at, const char *end);
+    const char *followText(const char *at, const char *end);
+    const char *followMarkup(const char *at);
+    const char *followDeclaration(const char *at);
+    const char *followToTerminator(char repeated, int count, const char *at, const char *end);
+    const char *followStartTag(const char *at, const char *end);
+    const char *followAttributeValue(const char *at, const char *end);
+    const char *followEndTag(const char *at, const char *end);
+    const char *followDocumentType(const char *at, const char *end);
+
+    /// Looks for the first of a character from a place on, and at the references to entities up to there.
+    const char *findBehindReferences(char c, const char *at, const char *end);
+    void followReference(char c);
+
+    void enter(State state);
+    void openElement();
+    void nameAttribute(char c);
+    void beginAttributeValue(char quote);
+    bool isDocumentTypeAtEnd(char c);
+    void require(bool isWithinLimit, const char *excess, int limit = 0);
+
+    State m_state = State::Text;
+    QString m_excess;
+
+    int m_depth = 0;
+    qint64 m_elements = 0;
+    int m_terminatorMatched = 0;
+    QByteArray m_declaration;
+
+    char m_previousInTag = 0;
+    char m_quote = 0;
+    int m_attributes = 0;
+    int m_namespaceDeclarations = 0;
+    // Of the name only the beginning matters.
+    std::array<char, 5> m_attributeName = {};
+    std::size_t m_attributeNameSize = 0;
+    bool m_isAttributeNameComplete = false;
+
+    QByteArray m_documentTypeText;
+    int m_documentTypeBrackets = 0;
+    char m_documentTypeQuote = 0;
+    DocumentTypeGuard m_documentType;
+
+    bool m_isInReference = false;
+    QByteArray m_reference;
+    DocumentTypeGuard::Cost m_referenceCost;
+};
+
+} // namespace Tobrix::Templates
