@@ -1,9 +1,12 @@
 #include "loading/TemplateFile_p.h"
 
+#include "loading/Limits_p.h"
+
 #include <QRegularExpression>
 #include <QTextCodec>
 
 #include <algorithm>
+#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -82,9 +85,9 @@ bool TemplateFile::openTemplate(const QString &path)
     close();
     setFileName(path);
     m_views.clear();
+    m_heldBack.clear();
     m_excess.clear();
-    m_excessOffset = 0;
-    m_offset = 0;
+    m_line = 1;
     if (path.startsWith(QLatin1Char(':'))) {
         return open(QIODevice::ReadOnly);
     }
@@ -101,32 +104,74 @@ bool TemplateFile::openTemplate(const QString &path)
 
 qint64 TemplateFile::readData(char *data, qint64 maxSize)
 {
-    if (!m_excess.isEmpty()) {
-        return 0;
+    if (!m_heldBack.isEmpty()) {
+        return takeHeldBack(data, maxSize);
     }
-    const qint64 size = QFile::readData(data, maxSize);
+    const qint64 size = m_excess.isEmpty() ? QFile::readData(data, maxSize) : 0;
     if (size <= 0) {
         return size;
     }
+    follow(QByteArray::fromRawData(data, static_cast<int>(size)));
+    if (!isInDocumentType()) {
+        return m_excess.isEmpty() ? size : 0;
+    }
+    holdBackDocumentType(QByteArray(data, static_cast<int>(size)));
+    return takeHeldBack(data, maxSize);
+}
+
+void TemplateFile::holdBackDocumentType(const QByteArray &beginning)
+{
+    // A parser must not see the beginning of a document type that turns out to be too much at its end.
+    m_heldBack = beginning;
+    QByteArray chunk(Limits::documentTypeSize, Qt::Uninitialized);
+    while (isInDocumentType() && m_excess.isEmpty()) {
+        const qint64 size = QFile::readData(chunk.data(), chunk.size());
+        if (size <= 0) {
+            break;
+        }
+        m_heldBack.append(chunk.constData(), static_cast<int>(size));
+        follow(QByteArray::fromRawData(chunk.constData(), static_cast<int>(size)));
+    }
+    if (!m_excess.isEmpty()) {
+        m_heldBack.clear();
+    }
+}
+
+qint64 TemplateFile::takeHeldBack(char *data, qint64 maxSize)
+{
+    const int size = static_cast<int>(std::min<qint64>(maxSize, m_heldBack.size()));
+    std::memcpy(data, m_heldBack.constData(), static_cast<std::size_t>(size));
+    m_heldBack.remove(0, size);
+    return size;
+}
+
+void TemplateFile::follow(const QByteArray &chunk)
+{
     if (m_views.empty()) {
-        chooseViews(QByteArray::fromRawData(data, static_cast<int>(std::min<qint64>(size, 1024))));
+        chooseViews(chunk.left(1024));
     }
-    qint64 allowed = size;
     for (auto &view : m_views) {
-        if (!view.decoder) {
-            allowed = std::min(allowed, view.guard.follow(data, size));
-        } else {
-            const QByteArray bytes = view.decoder->toUnicode(data, static_cast<int>(size)).toUtf8();
-            // Where in the bytes it is too much cannot be told from where it is in their text.
-            allowed = view.guard.follow(bytes.constData(), bytes.size()) < bytes.size() ? 0 : allowed;
-        }
-        if (m_excess.isEmpty()) {
-            m_excess = view.guard.excess();
-        }
+        follow(chunk, view);
     }
-    m_offset += allowed;
-    m_excessOffset = m_offset;
-    return allowed;
+}
+
+void TemplateFile::follow(const QByteArray &chunk, View &view)
+{
+    const QByteArray bytes = view.decoder ? view.decoder->toUnicode(chunk).toUtf8() : chunk;
+    const qint64 followed = view.guard.follow(bytes.constData(), bytes.size());
+    if (!m_excess.isEmpty()) {
+        return;
+    }
+    m_excess = view.guard.excess();
+    if (&view == &m_views.front() || !m_excess.isEmpty()) {
+        m_line += static_cast<int>(std::count(bytes.cbegin(), bytes.cbegin() + followed, '\n'));
+    }
+}
+
+bool TemplateFile::isInDocumentType() const
+{
+    return std::any_of(m_views.cbegin(), m_views.cend(),
+                       [](const View &view) { return view.guard.isInDocumentType(); });
 }
 
 void TemplateFile::chooseViews(const QByteArray &beginning)

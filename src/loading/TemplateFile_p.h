@@ -26,8 +26,8 @@ public:
 
     /// What is too much in the file, in words; empty when nothing was as far as the file has been read.
     QString excess() const { return m_excess; }
-    /// The number of bytes before the place where it is too much.
-    qint64 excessOffset() const { return m_excessOffset; }
+    /// The line, from 1, in which it is too much.
+    int excessLine() const { return m_line; }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
@@ -40,13 +40,18 @@ private:
         XmlGuard guard;
     };
 
+    void holdBackDocumentType(const QByteArray &beginning);
+    qint64 takeHeldBack(char *data, qint64 maxSize);
+    void follow(const QByteArray &chunk);
+    void follow(const QByteArray &chunk, View &view);
+    bool isInDocumentType() const;
     void chooseViews(const QByteArray &beginning);
     void addView(const QByteArray &encoding);
 
     std::vector<View> m_views;
+    QByteArray m_heldBack;
     QString m_excess;
-    qint64 m_excessOffset = 0;
-    qint64 m_offset = 0;
+    int m_line = 1;
 };
 
 } // namespace Tobrix::Templates

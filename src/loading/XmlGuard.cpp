@@ -125,6 +125,13 @@ const char *XmlGuard::followToTerminator(char repeated, int count, const char *a
 
 const char *XmlGuard::followStartTag(const char *at, const char *end)
 {
+    // Nearly all of a template's tags are a name and no more, and the letters stand behind '>' in ASCII.
+    while (m_isInElementName && at != end) {
+        m_isInElementName = static_cast<unsigned char>(*at) > static_cast<unsigned char>('>');
+        if (m_isInElementName) {
+            m_previousInTag = *at++;
+        }
+    }
     for (; at != end; ++at) {
         const char c = *at;
         if (c == '>') {
@@ -275,6 +282,7 @@ void XmlGuard::openElement()
     m_attributes = 0;
     m_attributeNameSize = 0;
     m_isAttributeNameComplete = false;
+    m_isInElementName = true;
     ++m_depth;
     ++m_elements;
     require(m_depth + m_referenceCost.startTags <= Limits::depth, "more than %1 elements in each other",

@@ -25,6 +25,9 @@ public:
     /// What is too much, in words; empty as long as nothing is.
     QString excess() const { return m_excess; }
 
+    /// Whether the bytes end within a document type, of which nothing can be said before its end.
+    bool isInDocumentType() const { return m_state == State::DocumentType; }
+
 private:
     enum class State {
         Text,
@@ -68,6 +71,7 @@ private:
     int m_terminatorMatched = 0;
     QByteArray m_declaration;
 
+    bool m_isInElementName = false;
     char m_previousInTag = 0;
     char m_quote = 0;
     int m_attributes = 0;

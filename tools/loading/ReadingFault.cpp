@@ -98,11 +98,8 @@ QString faultOfCurrentFile(QIODevice &file)
 
 QString excessOf(const TemplateFile &file)
 {
-    // Read again, the file ends at the same place.
-    TemplateFile again;
-    const qint64 line = again.openTemplate(file.fileName()) ? again.readAll().count('\n') + 1 : 1;
     return QStringLiteral("goes past a limit at line %1: %2; nothing of it is used")
-        .arg(line)
+        .arg(file.excessLine())
         .arg(file.excess());
 }
 
