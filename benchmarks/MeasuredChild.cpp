@@ -16,8 +16,8 @@ namespace {
 
 constexpr const char *childMark = "--measured-child";
 
-/// The most memory that this process has had so far, in bytes. getrusage() would do, but that of a child counts what
-/// its parent had when it started the child.
+/// The most memory that this process has had so far, in bytes. getrusage() would do, but that of a child
+/// counts what its parent had when it started the child.
 qint64 ownPeakMemory()
 {
     QFile status(QStringLiteral("/proc/self/status"));

@@ -25,9 +25,11 @@ namespace Tobrix::Templates {
 struct ColumnRecord
 {
     CColumnData data;
-    bool hasReference = false;   ///< Whether the bound column refers to an object,
-    QString displayPropertyName; ///< of which this property is shown,
-    QString referredObjectName;  ///< which belongs to this table.
+    bool hasReference =
+        false;             ///< Whether the bound column refers to an object, of which a property is shown:
+    bool showsKey = false; ///< the object's key, or something else,
+    QString shownColumn;   ///< by this database column
+    QString shownTable;    ///< of this table.
 };
 
 namespace {
@@ -59,6 +61,18 @@ bool isExcluded(const CColumnData &data)
 QString textItemBelow(const IndexedElement &element, ElementName name)
 {
     return element.first(name).first(ElementName::TextItem).text();
+}
+
+/// Whether a property is the key of its object.
+bool isKey(const QString &property)
+{
+    return property.endsWith(QLatin1String("_Key"));
+}
+
+/// The path to a property of the object that another property refers to.
+QString shownPath(const QString &reference, const QString &property)
+{
+    return reference + QLatin1Char('.') + property;
 }
 
 /// The levels of the group-level element below an element, as a mask: bit n-1 for level n.
@@ -109,12 +123,11 @@ void applyReference(const ColumnRecord &record, bool isDetailView, CColumnData &
 {
     // A key is shown in place of its reference only where a detail form must have it.
     const bool isShown =
-        record.hasReference &&
-        (!record.displayPropertyName.endsWith(QLatin1String("_Key")) ||
-         (isDetailView && data.isMandatory && data.boundColumn.endsWith(QLatin1String("_FK"))));
+        record.hasReference && (!record.showsKey || (isDetailView && data.isMandatory &&
+                                                     data.boundColumn.endsWith(QLatin1String("_FK"))));
     if (isShown) {
-        data.boundColumn += QLatin1Char('.') + record.displayPropertyName;
-        data.tableName = record.referredObjectName;
+        data.boundColumn = record.shownColumn;
+        data.tableName = record.shownTable;
     }
 }
 
@@ -308,8 +321,12 @@ ColumnRecord NewTemplateXMLReader::readColumn(const IndexedElement &column)
     data.boundColumn = bound.attribute(QStringLiteral("PropertyName"));
     data.tableName = bound.sharedAttribute(QStringLiteral("ObjectName"));
     record.hasReference = !reference.isNull();
-    record.displayPropertyName = reference.attribute(QStringLiteral("DisplayPropertyName"));
-    record.referredObjectName = reference.sharedAttribute(QStringLiteral("ObjectName"));
+    if (record.hasReference) {
+        const QString display = reference.attribute(QStringLiteral("DisplayPropertyName"));
+        record.showsKey = isKey(display);
+        record.shownColumn = shownPath(data.boundColumn, display);
+        record.shownTable = reference.sharedAttribute(QStringLiteral("ObjectName"));
+    }
     return record;
 }
 
@@ -344,8 +361,8 @@ void NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
             const IndexedElement reference = bound.first(ElementName::RefersTo);
             const QString display = reference.attribute(QStringLiteral("DisplayPropertyName"));
             QString path = bound.attribute(QStringLiteral("PropertyName"));
-            if (!reference.isNull() && !display.endsWith(QLatin1String("_Key"))) {
-                path += QLatin1Char('.') + display;
+            if (!reference.isNull() && !isKey(display)) {
+                path = shownPath(path, display);
             }
             m_defaultValues.insert({path, item.attribute(QStringLiteral("View"))},
                                    item.attribute(QStringLiteral("Value")));
