@@ -111,6 +111,11 @@ public:
         Lateral = 5
     };
 
+    /// Builds the tables. The library has the one tokenizer that all look-ups read.
+    CTemplateTokenizer();
+    /// Frees the tables.
+    ~CTemplateTokenizer();
+
     /// The token of a top-level element.
     /// @param name the element's name as the XML reader gives it
     /// @return 0 for a name that is none of them
@@ -142,8 +147,6 @@ public:
     static LegendToken stringToLegendToken(const QStringRef &name);
 
 private:
-    CTemplateTokenizer();
-    ~CTemplateTokenizer();
     Q_DISABLE_COPY(CTemplateTokenizer)
 
     template <typename Token>

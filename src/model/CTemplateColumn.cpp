@@ -16,7 +16,13 @@ void warnOfMisuse(const QString &message)
 
 } // namespace
 
-CTemplateColumnPrivate::CTemplateColumnPrivate(CTemplateColumn::ColumnType type) : columnType(type)
+CTemplateColumnPrivate::CTemplateColumnPrivate(CTemplateColumn::ColumnType type)
+    : columnType(type)
+    , visible(false)
+    , readOnly(false)
+    , mandatory(false)
+    , isVirtual(false)
+    , valueTransfer(false)
 {
 }
 

@@ -1,0 +1,238 @@
+// Which of an element's texts count. Header, views and list items have one rule, columns another; that of
+// legends is with the legends.
+
+#include "support/LegacyReading.h"
+
+#include "model/CListItem.h"
+#include "model/CProgramView.h"
+#include "model/CTemplateColumn.h"
+
+#include <QTest>
+
+using namespace Tobrix::Templates;
+
+namespace {
+
+/// The elements of one section by neutral names: {A} and {B} are two texts of it.
+struct Section
+{
+    const char *name;
+    QByteArray element;
+    QByteArray a;
+    QByteArray b;
+    QByteArray needed; ///< Without which the section is dropped or fails.
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(const Section *)
+
+namespace {
+
+const Section header = {"header", "SYSTPL", "TPL_Key", "TPL_Type", ""};
+const Section view = {"view", "PROGVIEW", "PV_Key", "PV_Description", ""};
+const Section listItem = {"list item", "SYSLIST", "LIST_Caption", "LIST_Item", "<LIST_Name>L</LIST_Name>"};
+const Section column = {"column", "SYSCOL", "COL_Caption", "COL_Unit", "<COL_DataType>TXT</COL_DataType>"};
+
+QByteArray documentOf(const Section &section, QByteArray elements)
+{
+    elements.replace("{A}", section.a).replace("{B}", section.b);
+    return legacyDocument("<" + section.element + ">" + section.needed + elements + "</" + section.element +
+                          ">");
+}
+
+/// The texts A and B of the only object read.
+QStringList textsOf(const Section &section, const CTemplateRawData &rawData)
+{
+    if (section.element == "SYSTPL") {
+        return {rawData.key, rawData.type};
+    }
+    if (section.element == "PROGVIEW" && rawData.programViews.size() == 1) {
+        const CProgramView *only = *rawData.programViews.cbegin();
+        return {only->key(), only->description()};
+    }
+    if (section.element == "SYSLIST" && rawData.listItems.size() == 1) {
+        const CListItem *only = rawData.listItems.first();
+        return {only->caption(), only->item()};
+    }
+    if (section.element == "SYSCOL" && rawData.columns.size() == 1) {
+        const CTemplateColumn *only = rawData.columns.first();
+        return {only->caption(), only->unit()};
+    }
+    return {QStringLiteral("nothing was read")};
+}
+
+struct TextRow
+{
+    const char *name;
+    const char *elements;
+    const char *a;
+    const char *b;
+};
+
+// The first text behind a start tag counts, and an end tag does not take the element's turn away.
+const TextRow firstTextRows[] = {
+    {"text", "<{A}>x</{A}>", "x", ""},
+    {"white space stays as it is", "<{A}> x\n y </{A}>", " x\n y ", ""},
+    {"nothing", "", "", ""},
+    {"empty element takes the white space behind it", "<{A}/>\n  <{B}>y</{B}>", "\n  ", "y"},
+    {"element without text takes the white space behind it", "<{A}></{A}>\n  <{B}>y</{B}>", "\n  ", "y"},
+    {"last element takes the white space before the section's end", "<{A}/>\n", "\n", ""},
+    {"element with text does not", "<{A}>x</{A}>\n  <{B}>y</{B}>", "x", "y"},
+    {"empty element with nothing behind it stays empty", "<{A}/><{B}>y</{B}>", "", "y"},
+    {"two empty elements", "<{A}/><{B}/> ", "", " "},
+    {"white space before the first element is nobody's", "\n  <{A}>x</{A}>", "x", ""},
+    {"unknown element ends an empty element's turn", "<{A}/><Other/>\n", "", ""},
+    {"text of an unknown element is nobody's", "<{A}>x</{A}><Other>y</Other>", "x", ""},
+    {"comment before the text", "<{A}><!-- c -->x</{A}>", "x", ""},
+    {"comment within the text", "<{A}>x<!-- c -->y</{A}>", "x", ""},
+    {"comment behind an empty element", "<{A}/><!-- c -->\n", "\n", ""},
+    {"processing instruction before the text", "<{A}><?do it?>x</{A}>", "x", ""},
+    {"CDATA", "<{A}><![CDATA[<x> & y]]></{A}>", "<x> & y", ""},
+    {"CDATA behind text", "<{A}>x<![CDATA[y]]></{A}>", "x", ""},
+    {"text behind CDATA", "<{A}><![CDATA[x]]>y</{A}>", "x", ""},
+    {"white space before CDATA", "<{A}> <![CDATA[x]]></{A}>", " ", ""},
+    {"entities are part of the text", "<{A}>x &lt;&amp;&gt; &#65;&#x42;</{A}>", "x <&> AB", ""},
+    {"unknown element within, text before it", "<{A}>x<Other/>y</{A}>", "x", ""},
+    {"unknown element within, text behind it", "<{A}><Other/>y</{A}>", "", ""},
+    {"known element within takes the text behind it", "<{A}><{B}/>y</{A}>", "", "y"},
+    {"known element within", "<{A}>x<{B}>y</{B}>z</{A}>", "x", "y"},
+    {"known element within an unknown one", "<Other>o<{A}>x</{A}></Other>", "x", ""},
+    {"last of two elements counts", "<{A}>x</{A}><{A}>y</{A}>", "y", ""},
+    {"empty second element keeps the first one's text", "<{A}>x</{A}><{A}/>", "x", ""},
+    {"white space behind an empty second element counts", "<{A}>x</{A}><{A}/> ", " ", ""},
+    {"attributes are no text", "<{A} text=\"t\">x</{A}>", "x", ""},
+};
+
+// Only a text that directly follows a start tag counts.
+const TextRow directTextRows[] = {
+    {"text", "<{A}>x</{A}>", "x", ""},
+    {"white space stays as it is", "<{A}> x\n y </{A}>", " x\n y ", ""},
+    {"nothing", "", "", ""},
+    {"empty element does not take the white space behind it", "<{A}/>\n  <{B}>y</{B}>", "", "y"},
+    {"element without text does not either", "<{A}></{A}>\n  <{B}>y</{B}>", "", "y"},
+    {"last element does not either", "<{A}/>\n", "", ""},
+    {"element with text keeps it", "<{A}>x</{A}>\n  <{B}>y</{B}>", "x", "y"},
+    {"white space before the first element is nobody's", "\n  <{A}>x</{A}>", "x", ""},
+    {"text of an unknown element is nobody's", "<{A}>x</{A}><Other>y</Other>", "x", ""},
+    {"comment before the text", "<{A}><!-- c -->x</{A}>", "", ""},
+    {"comment within the text", "<{A}>x<!-- c -->y</{A}>", "x", ""},
+    {"comment behind an empty element", "<{A}/><!-- c -->\n", "", ""},
+    {"processing instruction before the text", "<{A}><?do it?>x</{A}>", "", ""},
+    {"CDATA", "<{A}><![CDATA[<x> & y]]></{A}>", "<x> & y", ""},
+    {"CDATA behind text", "<{A}>x<![CDATA[y]]></{A}>", "x", ""},
+    {"text behind CDATA", "<{A}><![CDATA[x]]>y</{A}>", "x", ""},
+    {"white space before CDATA", "<{A}> <![CDATA[x]]></{A}>", " ", ""},
+    {"entities are part of the text", "<{A}>x &lt;&amp;&gt; &#65;&#x42;</{A}>", "x <&> AB", ""},
+    {"unknown element within, text before it", "<{A}>x<Other/>y</{A}>", "x", ""},
+    {"unknown element within, text behind it", "<{A}><Other/>y</{A}>", "", ""},
+    {"known element within, text behind it", "<{A}><{B}/>y</{A}>", "", ""},
+    {"known element within", "<{A}>x<{B}>y</{B}>z</{A}>", "x", "y"},
+    {"known element within an unknown one", "<Other>o<{A}>x</{A}></Other>", "x", ""},
+    {"last of two elements counts", "<{A}>x</{A}><{A}>y</{A}>", "y", ""},
+    {"empty second element keeps the first one's text", "<{A}>x</{A}><{A}/> ", "x", ""},
+    {"attributes are no text", "<{A} text=\"t\">x</{A}>", "x", ""},
+};
+
+template <std::size_t Size>
+void addTextRows(const std::vector<const Section *> &sections, const TextRow (&rows)[Size])
+{
+    QTest::addColumn<const Section *>("section");
+    QTest::addColumn<QByteArray>("elements");
+    QTest::addColumn<QStringList>("texts");
+    for (const auto *section : sections) {
+        for (const auto &row : rows) {
+            QTest::addRow("%s: %s", section->name, row.name)
+                << section << QByteArray(row.elements)
+                << QStringList{QString(QLatin1String(row.a)), QString(QLatin1String(row.b))};
+        }
+    }
+}
+
+void checkTexts()
+{
+    QFETCH(const Section *, section);
+    QFETCH(QByteArray, elements);
+    const LegacyReading reading(documentOf(*section, elements));
+    QVERIFY(reading.isRead);
+    QTEST(textsOf(*section, reading.rawData), "texts");
+}
+
+} // namespace
+
+class LegacyTextRulesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void firstTextBehindAStartTagCounts_data() { addTextRows({&header, &view, &listItem}, firstTextRows); }
+    void firstTextBehindAStartTagCounts() { checkTexts(); }
+    void onlyATextDirectlyBehindAStartTagCounts_data() { addTextRows({&column}, directTextRows); }
+    void onlyATextDirectlyBehindAStartTagCounts() { checkTexts(); }
+    void emptyListNameTakesTheWhiteSpaceBehindIt();
+    void emptyNumberOrFlagTakesTheWhiteSpaceBehindIt();
+    void emptyDataTypeDropsTheColumn();
+    void longTextsAreReadWhole_data();
+    void longTextsAreReadWhole();
+    void entitiesOfTheDocumentArePartOfTheText();
+};
+
+void LegacyTextRulesTest::emptyListNameTakesTheWhiteSpaceBehindIt()
+{
+    const LegacyReading reading(
+        legacyDocument("<SYSLIST><LIST_Name/>\n  <LIST_Item>A</LIST_Item></SYSLIST>"));
+    QVERIFY(reading.isRead);
+    QCOMPARE(reading.rawData.listItems.keys(), QStringList{QStringLiteral("\n  ")});
+}
+
+void LegacyTextRulesTest::emptyNumberOrFlagTakesTheWhiteSpaceBehindIt()
+{
+    const LegacyReading reading(
+        legacyDocument("<SYSTPL><TPL_IsSystem>true</TPL_IsSystem><TPL_SortOrder>5</TPL_SortOrder>"
+                       "<TPL_IsSystem/> <TPL_SortOrder/> </SYSTPL>"));
+    QCOMPARE(reading.rawData.isSystem, false);
+    QCOMPARE(reading.rawData.sortOrder, 0);
+}
+
+void LegacyTextRulesTest::emptyDataTypeDropsTheColumn()
+{
+    const LegacyReading reading(legacyDocument("<SYSCOL><COL_DataType/>TXT</SYSCOL>"));
+    QVERIFY(reading.isRead);
+    QVERIFY(reading.rawData.columns.isEmpty());
+}
+
+void LegacyTextRulesTest::longTextsAreReadWhole_data()
+{
+    QTest::addColumn<int>("size");
+    for (const int size : {1000, 8192, 100000, 1000000}) {
+        QTest::addRow("%d", size) << size;
+    }
+}
+
+void LegacyTextRulesTest::longTextsAreReadWhole()
+{
+    QFETCH(int, size);
+    QByteArray text;
+    while (text.size() < size) {
+        text.append("Größe &amp; Länge ");
+    }
+    const QString expected = QString::fromUtf8(text).replace(QLatin1String("&amp;"), QLatin1String("&"));
+    const LegacyReading reading(legacyDocument("<SYSTPL><TPL_Key>" + text +
+                                               "</TPL_Key></SYSTPL><SYSCOL><COL_Caption>" + text +
+                                               "</COL_Caption><COL_DataType>TXT</COL_DataType></SYSCOL>"));
+    QVERIFY(reading.isRead);
+    QVERIFY(reading.rawData.key == expected);
+    QVERIFY(reading.rawData.columns.first()->caption() == expected);
+}
+
+void LegacyTextRulesTest::entitiesOfTheDocumentArePartOfTheText()
+{
+    const LegacyReading reading("<!DOCTYPE TXSYS [<!ENTITY pipe \"Röhre\">]><TXSYS><SYSTPL>"
+                                "<TPL_Key>x &pipe; y</TPL_Key></SYSTPL></TXSYS>");
+    QVERIFY(reading.isRead);
+    QCOMPARE(reading.rawData.key, QStringLiteral("x Röhre y"));
+}
+
+QTEST_APPLESS_MAIN(LegacyTextRulesTest)
+
+#include "LegacyTextRulesTest.moc"

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStringList>
+#include <QtGlobal>
+
+/// Collects what Qt itself has to complain about while the object exists.
+class QtWarnings
+{
+public:
+    QtWarnings()
+    {
+        collected().clear();
+        m_previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &,
+                                               const QString &message) { collected().append(message); });
+    }
+    ~QtWarnings() { qInstallMessageHandler(m_previous); }
+
+    QStringList messages() const { return collected(); }
+
+private:
+    Q_DISABLE_COPY(QtWarnings)
+
+    static QStringList &collected()
+    {
+        static QStringList messages;
+        return messages;
+    }
+
+    QtMessageHandler m_previous;
+};
