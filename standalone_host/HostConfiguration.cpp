@@ -1,6 +1,7 @@
 #include "standalone_host/HostData_p.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -69,6 +70,10 @@ bool readConfiguration(const QString &jsonFile, HostConfiguration &configuration
         return false;
     };
     QFile file(jsonFile);
+    // Opening a pipe would wait for its writer.
+    if (file.exists() && !QFileInfo(file).isFile()) {
+        return fail(QStringLiteral("is not a regular file"));
+    }
     if (!file.open(QIODevice::ReadOnly)) {
         return fail(file.errorString());
     }

@@ -8,11 +8,13 @@
 #include "host/CTemplateDescriptor.h"
 #include "host/CoreApplication.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <atomic>
 #include <cstdio>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -131,6 +133,7 @@ private Q_SLOTS:
     void unusableConfigurationTellsFileAndReason();
     void unusableConfigurationChangesNothing();
     void missingConfigurationTellsFileAndReason();
+    void pipeIsNotWaitedFor();
     void errorMessageMayBeOmitted();
     void resetForgetsEverything();
     void descriptorOutlivesReset();
@@ -311,6 +314,16 @@ void StandaloneHostTest::missingConfigurationTellsFileAndReason()
     QString errorMessage;
     QVERIFY(!StandaloneHost::instance().loadConfiguration(path, &errorMessage));
     QCOMPARE(errorMessage, path + QStringLiteral(": No such file or directory"));
+}
+
+void StandaloneHostTest::pipeIsNotWaitedFor()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("pipe.json"));
+    QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    QString errorMessage;
+    QVERIFY(!StandaloneHost::instance().loadConfiguration(path, &errorMessage));
+    QCOMPARE(errorMessage, path + QStringLiteral(": is not a regular file"));
 }
 
 void StandaloneHostTest::errorMessageMayBeOmitted()
