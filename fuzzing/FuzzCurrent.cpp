@@ -1,0 +1,15 @@
+// Any bytes go through the reader of the current format.
+
+#include "fuzzing/FuzzInput.h"
+
+#include "format_current/NewTemplateXMLReader.h"
+#include "rawdata/CTemplateRawData.h"
+
+using namespace Tobrix;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
+{
+    Templates::CTemplateRawData rawData;
+    Templates::NewTemplateXMLReader().readFile(Fuzzing::fileOf(bytes, size), rawData);
+    return 0;
+}

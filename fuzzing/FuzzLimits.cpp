@@ -1,0 +1,97 @@
+// Any bytes go through the guard into both of Qt's parsers. Whatever the parsers make of them must be within
+// the limits: a file that the guard understands in another way than a parser does would get past it.
+
+#include "fuzzing/FuzzInput.h"
+
+#include "loading/Limits_p.h"
+#include "loading/TemplateFile_p.h"
+
+#include <QDomDocument>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Tobrix::Templates;
+
+namespace {
+
+/// How far a parser went.
+struct Extent
+{
+    int depth = 0;
+    int attributesOfElement = 0;
+    int namespaceDeclarations = 0;
+};
+
+void require(const char *parser, const char *what, int value, int limit)
+{
+    if (value > limit) {
+        std::fprintf(stderr, "the guard let %d %s through to the %s parser; the limit is %d\n", value, what,
+                     parser, limit);
+        std::abort();
+    }
+}
+
+void requireWithinLimits(const char *parser, const Extent &extent)
+{
+    require(parser, "elements in each other", extent.depth, Limits::depth);
+    require(parser, "attributes of an element", extent.attributesOfElement,
+            Limits::attributesOfElement + Limits::defaultedAttributes);
+    require(parser, "namespace declarations", extent.namespaceDeclarations, Limits::namespaceDeclarations);
+}
+
+Extent streamedExtent(QIODevice &file)
+{
+    Extent extent;
+    QXmlStreamReader xml(&file);
+    int depth = 0;
+    while (!xml.atEnd()) {
+        const auto token = xml.readNext();
+        if (token == QXmlStreamReader::StartElement) {
+            extent.depth = std::max(extent.depth, ++depth);
+            extent.attributesOfElement = std::max(extent.attributesOfElement, xml.attributes().size());
+            extent.namespaceDeclarations += xml.namespaceDeclarations().size();
+        } else if (token == QXmlStreamReader::EndElement) {
+            --depth;
+        }
+    }
+    return extent;
+}
+
+Extent documentExtent(QIODevice &file)
+{
+    QDomDocument document;
+    document.setContent(&file, false);
+    Extent extent;
+    int depth = 0;
+    QDomElement element = document.documentElement();
+    while (!element.isNull()) {
+        extent.depth = std::max(extent.depth, ++depth);
+        extent.attributesOfElement = std::max(extent.attributesOfElement, element.attributes().count());
+        QDomElement next = element.firstChildElement();
+        while (next.isNull() && !element.isNull()) {
+            next = element.nextSiblingElement();
+            element = element.parentNode().toElement();
+            --depth;
+        }
+        element = next;
+    }
+    return extent;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
+{
+    const QString path = Tobrix::Fuzzing::fileOf(bytes, size);
+    TemplateFile file;
+    if (file.openTemplate(path)) {
+        requireWithinLimits("stream", streamedExtent(file));
+    }
+    if (file.openTemplate(path)) {
+        requireWithinLimits("document", documentExtent(file));
+    }
+    return 0;
+}
