@@ -1,12 +1,10 @@
 // How much loading a template costs beside the bare parse of its file.
 //
-// Every iteration runs the bare parse and the whole load in turn and times each; the counters say what came
-// out:
+// Every iteration runs the bare parse and the whole load in turn and times each. The counters:
 //   ratio      median load time / median time of the bare parse
 //   allocs     allocations of one load, per column, and of the bare parse (floorAllocs)
 //   peak       peak memory of a process that loads, beyond that of one that does nothing (MiB), and of one
-//   that only
-//              parses (floorPeak)
+//              that only parses (floorPeak)
 //   held       bytes that the finished template holds, per column
 
 #include "GeneratedTemplate.h"

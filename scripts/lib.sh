@@ -16,7 +16,8 @@ packages_for() {
 install_packages() {
     local package missing=() as_root=()
     local installed
-    installed=$(dpkg-query --show --showformat='${db:Status-Status} ${Package}\n' 2>/dev/null)
+    installed=$(dpkg-query --show --showformat='${db:Status-Status} ${Package}\n' 2>/dev/null) \
+        || die "cannot ask dpkg-query which packages are installed: this needs Debian 12"
     for package in $(packages_for "$@"); do
         grep -qxF "installed $package" <<< "$installed" || missing+=("$package")
     done

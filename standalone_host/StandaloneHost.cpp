@@ -60,15 +60,16 @@ void StandaloneHostPrivate::registerTable(const QString &tableName, int tableTyp
 void StandaloneHostPrivate::setLogSink(StandaloneHost::LogSink sink)
 {
     const QWriteLocker locker(&m_lock);
-    m_logSink = std::move(sink);
+    // The old sink goes when the argument does, behind the lock: its end may use the host.
+    m_logSink.swap(sink);
 }
 
 void StandaloneHostPrivate::reset()
 {
+    setLogSink({});
     const QWriteLocker locker(&m_lock);
     m_templates.clear();
     m_tables.clear();
-    m_logSink = nullptr;
 }
 
 RegisteredTemplate *StandaloneHostPrivate::templateByUniqueId(const QString &uniqueId) const

@@ -27,8 +27,7 @@ public:
     /// @param fileName path of the file
     /// @param rawData is emptied first, even when the file cannot be opened, and owns what is put into it
     /// @return false when the file cannot be opened or is not well-formed, when it ends within a section, or
-    /// when a
-    ///         list item has no list name; the record then holds what was read up to that point
+    ///        when a list item has no list name; the record then holds what was read up to that point
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:

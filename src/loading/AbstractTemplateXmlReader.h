@@ -21,7 +21,7 @@ public:
     /// @param fileName path of the file
     /// @param rawData receives what the file holds; pass an empty record. It owns what is put into it.
     /// @return false when the reader gives up on the file; the record then holds what was read up to that
-    /// point
+    ///        point
     virtual bool readFile(const QString &fileName, CTemplateRawData &rawData) = 0;
 
 protected:

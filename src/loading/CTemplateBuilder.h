@@ -26,8 +26,7 @@ public:
     /// @param isNew true for the current format, whose views hold their columns already; false for the legacy
     ///        format, whose columns are attached to their views here
     /// @return the template, owned by the caller; null when a legacy column names a view that is not there.
-    /// The
-    ///         record then still owns all views and the columns that were not attached to one.
+    ///        The record then still owns all views and the columns that were not attached to one.
     CCatalogTemplate *buildTemplate(CTemplateRawData &rawData, bool isNew);
 
     /// Makes the typed column for a column record, and completes text and integer columns by

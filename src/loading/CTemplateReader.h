@@ -23,7 +23,10 @@ public:
     /// @param fileName path of the file
     /// @param flags must be 0; anything else fails without reading
     /// @param catalogTemplate receives the template, owned by the caller; null when the call fails
-    /// @return whether a template was built
+    /// @return whether a template was built. Of a file of the current format that is not well-formed, a
+    ///        template is built of what stands before the fault; of one that asks for more than any template
+    ///        does (by its depth, its entities, its sheer number of columns), an empty one. A legacy file in
+    ///        such a state is refused.
     static bool readFile(const QString &fileName, ReaderFlags flags, CCatalogTemplate *&catalogTemplate);
 };
 

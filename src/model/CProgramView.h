@@ -41,8 +41,8 @@ public:
 
     /// Deletes the columns that the view holds and takes over others.
     /// @param columns the new columns in the order to show; the view owns them from now on, so none of them
-    /// may
-    ///        belong to this or another view. An entry may be null: a column whose data type nobody knows.
+    ///        may belong to this or another view. An entry may be null: a column whose data type nobody
+    ///        knows.
     void setColumns(const QList<CTemplateColumn *> &columns);
 
     /// The number of columns, null entries included.

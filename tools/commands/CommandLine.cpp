@@ -12,8 +12,9 @@ CommandLine::CommandLine(const QString &command, const QString &syntax, const QS
     , m_help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."))
     , m_hostConfiguration(
           QStringLiteral("host-config"),
-          QStringLiteral("Add the templates and tables that the JSON file FILE tells to those "
-                         "that the host knows."),
+          QStringLiteral(
+              "Make more templates and tables known to the host, from a JSON file: "
+              "{\"templates\": {\"<unique id>\": \"<type>\"}, \"tables\": {\"<name>\": <type number>}}."),
           QStringLiteral("FILE"))
 {
     m_parser.setApplicationDescription(description);

@@ -75,7 +75,9 @@ ExitStatus runShow(const QStringList &arguments, Console &console)
     CommandLine commandLine(
         QStringLiteral("tobrix-template show"), QStringLiteral("[options] FILE…"),
         QStringLiteral("Prints catalogue templates: header, views with their columns, value lists, legends.\n"
-                       "The exit status is 0 when all files load, 1 when some do not, 2 on wrong usage."));
+                       "The exit status is 0 when all files load, 1 when some do not or not as a whole, 2 on "
+                       "wrong usage\n"
+                       "or a host configuration that cannot be used."));
     commandLine.addOption(json);
     commandLine.addOption(raw);
     commandLine.addArgument(QStringLiteral("FILE"),

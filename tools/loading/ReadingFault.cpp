@@ -2,6 +2,7 @@
 
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacySection_p.h"
+#include "loading/Limits_p.h"
 #include "loading/TemplateFile_p.h"
 #include "model/CTemplateColumn.h"
 #include "rawdata/CTemplateRawData.h"
@@ -101,6 +102,22 @@ QString excessOf(const TemplateFile &file)
     return QStringLiteral("goes past a limit at line %1: %2; nothing of it is used")
         .arg(file.excessLine())
         .arg(file.excess());
+}
+
+QString readingFault(const CTemplateRawData &rawData)
+{
+    const auto tooMany = [](int limit, const QString &what) {
+        return QStringLiteral("goes past a limit: more than %1 %2; nothing of it is used")
+            .arg(limit)
+            .arg(what);
+    };
+    if (rawData.columns.size() >= Limits::columns) {
+        return tooMany(Limits::columns, QStringLiteral("columns"));
+    }
+    if (rawData.listItems.size() >= Limits::listItems) {
+        return tooMany(Limits::listItems, QStringLiteral("list items"));
+    }
+    return QStringLiteral("cannot be read");
 }
 
 QString buildingFault(const CTemplateRawData &rawData)

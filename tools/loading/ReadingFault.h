@@ -21,6 +21,9 @@ QString faultOfCurrentFile(QIODevice &file);
 /// What a file that has been read has too much of, and where; nothing of such a file is used.
 QString excessOf(const Templates::TemplateFile &file);
 
+/// What made the legacy reader stop in the middle of a file that is in order, by what it had read until then.
+QString readingFault(const Templates::CTemplateRawData &rawData);
+
 /// Why no template can be built of what the legacy reader has read.
 QString buildingFault(const Templates::CTemplateRawData &rawData);
 

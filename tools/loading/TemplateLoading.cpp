@@ -80,7 +80,8 @@ QString problemOf(const LoadedTemplate &loaded)
     if (loaded.catalogTemplate || !problem.isEmpty()) {
         return problem;
     }
-    return buildingFault(*loadRawData(loaded.fileName).rawData);
+    const LoadedRawData raw = loadRawData(loaded.fileName);
+    return raw.isRead ? buildingFault(*raw.rawData) : problemOf(raw);
 }
 
 QString problemOf(const LoadedRawData &loaded)
@@ -92,7 +93,7 @@ QString problemOf(const LoadedRawData &loaded)
     if (loaded.isRead || !problem.isEmpty()) {
         return problem;
     }
-    return QStringLiteral("cannot be read");
+    return readingFault(*loaded.rawData);
 }
 
 } // namespace Tobrix::Tools

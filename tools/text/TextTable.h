@@ -33,8 +33,7 @@ public:
     /// The table with its titles and a rule below them; empty when there are no rows.
     /// @param indent is put before each line
     /// @param lineWidth the room for a line; wide columns are narrowed as far as they may be to keep to it,
-    /// and
-    ///        their texts broken into several lines
+    ///        and their texts broken into several lines
     QString toString(const QString &indent, int lineWidth) const;
 
 private:
