@@ -47,7 +47,9 @@ Extent streamedExtent(QIODevice &file)
     Extent extent;
     QXmlStreamReader xml(&file);
     int depth = 0;
-    while (!xml.atEnd()) {
+    // At a limit the device goes on for ever, in the eyes of the parser: only the error tells that it is at
+    // its end.
+    while (!xml.hasError() && xml.tokenType() != QXmlStreamReader::EndDocument) {
         const auto token = xml.readNext();
         if (token == QXmlStreamReader::StartElement) {
             extent.depth = std::max(extent.depth, ++depth);

@@ -131,15 +131,29 @@ void applyReference(const ColumnRecord &record, bool isDetailView, CColumnData &
     }
 }
 
+/// The scopes of the scheme that hosts show, the default one.
+std::vector<IndexedElement> defaultColorScopes(const DocumentIndex &document)
+{
+    const IndexedElement container = document.first(ElementName::ClassificationColorScopes);
+    std::vector<IndexedElement> scopes = container.all(ElementName::ClassificationColorScope);
+    const auto isOther = [](const IndexedElement &scope) {
+        return scope.attribute(QStringLiteral("Name")) != QLatin1String("ClassColorDefault");
+    };
+    scopes.erase(std::remove_if(scopes.begin(), scopes.end(), isOther), scopes.end());
+    return scopes;
+}
+
 /// Whether what the reader would make of a document keeps within the limits, where containers may stand in
 /// each other and share what they hold.
 bool isWithinLimits(const DocumentIndex &document)
 {
-    return document.countWithinEach(ElementName::View, ElementName::Column) <= Limits::columns &&
-           document.countWithinEach(ElementName::ValueList, ElementName::ValueListItem) <=
-               Limits::listItems &&
-           document.countWithinEach(ElementName::ClassificationColorScope,
-                                    ElementName::ClassificationColor) <= Limits::legendItems;
+    std::size_t bands = 0;
+    for (const auto &scope : defaultColorScopes(document)) {
+        bands += scope.all(ElementName::ClassificationColor).size();
+    }
+    return bands <= Limits::legendItems &&
+           document.countWithinEach(ElementName::View, ElementName::Column) <= Limits::columns &&
+           document.countWithinEach(ElementName::ValueList, ElementName::ValueListItem) <= Limits::listItems;
 }
 
 } // namespace
@@ -171,9 +185,12 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
         return false;
     }
     // A file that is not well-formed leaves what stands before the fault, one past the limits nothing.
-    m_document.setContent(&file, false);
+    int faultLine = 0;
+    int faultColumn = 0;
+    m_document.setContent(&file, false, nullptr, &faultLine, &faultColumn);
     file.close();
-    if (!file.excess().isEmpty() || !readDocument()) {
+    const bool isTooMuch = !file.excess().isEmpty() && !file.isFaultBeforeExcess(faultLine, faultColumn);
+    if (isTooMuch || !readDocument()) {
         m_document.clear();
         readDocument();
     }
@@ -372,12 +389,8 @@ void NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
 
 void NewTemplateXMLReader::readLegendLists(const DocumentIndex &document)
 {
-    const IndexedElement scopes = document.first(ElementName::ClassificationColorScopes);
-    for (const auto &scope : scopes.all(ElementName::ClassificationColorScope)) {
-        // Hosts show the default scheme alone.
-        if (scope.attribute(QStringLiteral("Name")) == QLatin1String("ClassColorDefault")) {
-            readLegendListItem(scope, scope.attribute(QStringLiteral("Scope")));
-        }
+    for (const auto &scope : defaultColorScopes(document)) {
+        readLegendListItem(scope, scope.attribute(QStringLiteral("Scope")));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "loading/DocumentTypeGuard_p.h"
 
 #include "loading/Limits_p.h"
+#include "loading/XmlGuard_p.h"
 
 #include <QRegularExpression>
 
@@ -10,31 +11,95 @@ namespace Tobrix::Templates {
 
 namespace {
 
+// Sums stay far from overflow, and well above all limits.
+constexpr qint64 muchTooMuch = 1'000'000'000;
+
+void addUpTo(qint64 &sum, qint64 more)
+{
+    sum = std::min(sum + more, muchTooMuch);
+}
+
 int deepestParenthesis(const QByteArray &text)
 {
     int depth = 0;
     int deepest = 0;
     for (const char c : text) {
-        depth += c == '(' ? 1 : c == ')' ? -1 : 0;
+        // Those that close nothing, in a comment perhaps, must not make room for others.
+        depth = c == '(' ? depth + 1 : c == ')' ? std::max(0, depth - 1) : depth;
         deepest = std::max(deepest, depth);
     }
     return deepest;
 }
 
-/// The text of an entity as a parser reads it: references to the ampersand's number are ampersands.
-QString replacementText(const QByteArray &literal)
+/// The text of an entity as a parser keeps it: with characters in place of references to their numbers, and
+/// the replacement character for those that are not ASCII.
+/// @param excess receives why it must not be used, if so
+QString replacementText(const QByteArray &literal, QString &excess)
 {
-    static const QRegularExpression ampersand(QStringLiteral("&#(0*38|[xX]0*26);"));
-    QString text = QString::fromLatin1(literal);
-    int size = 0;
-    do {
-        size = text.size();
-        text.replace(ampersand, QStringLiteral("&"));
-    } while (text.size() != size);
-    return text;
+    static const QRegularExpression number(QStringLiteral("&#(?:x([0-9A-Fa-f]+)|([0-9]+));"));
+    const QString text = QString::fromLatin1(literal);
+    QString replaced;
+    int end = 0;
+    auto matches = number.globalMatch(text);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        const bool isHexadecimal = !match.captured(1).isEmpty();
+        const uint character = match.captured(isHexadecimal ? 1 : 2).toUInt(nullptr, isHexadecimal ? 16 : 10);
+        // Qt's DOM parser cuts numbers to 16 bits, and so takes some for markup that are none.
+        if (character > 0xffff && (character & 0xffff) < 0x80) {
+            excess = QStringLiteral("an entity with a character that only some parsers take for markup");
+        }
+        replaced += text.midRef(end, match.capturedStart() - end);
+        replaced += character < 0x80 ? QChar(character) : QChar(QChar::ReplacementCharacter);
+        end = match.capturedEnd();
+    }
+    return replaced += text.midRef(end);
+}
+
+bool isSpace(char c)
+{
+    return c == ' ' || c == '\n' || c == '\t' || c == '\r';
+}
+
+/// Takes the next word from a text, up to a space.
+QByteArray takeWord(const QByteArray &text, int &at)
+{
+    while (at < text.size() && isSpace(text[at])) {
+        ++at;
+    }
+    const int begin = at;
+    while (at < text.size() && !isSpace(text[at])) {
+        ++at;
+    }
+    return text.mid(begin, at - begin);
+}
+
+/// The literal that is next in a text, without its quotes; null when something else is.
+QByteArray nextLiteral(const QByteArray &text, int at)
+{
+    while (at < text.size() && isSpace(text[at])) {
+        ++at;
+    }
+    const char quote = at < text.size() ? text[at] : '\0';
+    const int end = quote == '"' || quote == '\'' ? text.indexOf(quote, at + 1) : -1;
+    return end < 0 ? QByteArray() : text.mid(at + 1, end - at - 1);
 }
 
 } // namespace
+
+DocumentTypeGuard::Cost &DocumentTypeGuard::Cost::operator+=(const Cost &other)
+{
+    addUpTo(characters, other.characters);
+    addUpTo(references, other.references);
+    addUpTo(elements, other.elements);
+    addUpTo(namespaceDeclarations, other.namespaceDeclarations);
+    depth = std::max(depth, other.depth);
+    nesting = std::max(nesting, other.nesting);
+    if (excess.isEmpty()) {
+        excess = other.excess;
+    }
+    return *this;
+}
 
 QString DocumentTypeGuard::read(const QByteArray &documentType)
 {
@@ -51,29 +116,55 @@ QString DocumentTypeGuard::read(const QByteArray &documentType)
     if (parameterReference.match(QString::fromLatin1(documentType)).hasMatch()) {
         return QStringLiteral("a reference to a parameter entity in the document type");
     }
-    if (documentType.contains("<!ATTLIST")) {
-        m_defaultAttributes += (documentType.count('"') + documentType.count('\'')) / 2;
-        m_defaultCharacters += documentType.size();
-    }
     readEntities(documentType);
-    return QString();
+    if (!documentType.contains("<!ATTLIST")) {
+        return QString();
+    }
+    // The parsers put entities into defaults as they read them.
+    const Cost references = reckonReferences(QString::fromLatin1(documentType), 0);
+    m_defaultAttributes = (documentType.count('"') + documentType.count('\'')) / 2;
+    m_defaultCharacters = documentType.size() + references.characters;
+    m_defaultNamespaceDeclarations = documentType.count("xmlns");
+    return excessOf(references);
+}
+
+QString DocumentTypeGuard::excessOf(const Cost &references)
+{
+    if (references.references > Limits::entityReferences) {
+        return QStringLiteral("more than %1 references to entities").arg(Limits::entityReferences);
+    }
+    if (references.characters > Limits::entityCharacters) {
+        return QStringLiteral("entities that come to more than %1 characters").arg(Limits::entityCharacters);
+    }
+    if (references.nesting > Limits::entityNesting) {
+        return QStringLiteral("more than %1 entities in each other").arg(Limits::entityNesting);
+    }
+    return references.excess;
 }
 
 void DocumentTypeGuard::readEntities(const QByteArray &documentType)
 {
-    static const QRegularExpression declaration(
-        QStringLiteral("<!ENTITY\\s+(?:%\\s+)?([^\\s\"'%]+)\\s+(\"[^\"]*\"|'[^']*')"));
-    auto matches = declaration.globalMatch(QString::fromLatin1(documentType));
-    while (matches.hasNext()) {
-        const auto match = matches.next();
-        // Whichever declaration of a name a parser takes, it is among these.
-        m_entities[match.captured(1).toLatin1()].text += match.captured(2).toLatin1();
+    // Some of these may stand in comments and in texts. All are taken for declarations, also those within
+    // each other, so that none can hide another.
+    static const QByteArray keyword = "<!ENTITY";
+    int at = 0;
+    while ((at = documentType.indexOf(keyword, at)) >= 0) {
+        at += keyword.size();
+        int behindName = at;
+        QByteArray name = takeWord(documentType, behindName);
+        if (name == "%") {
+            name = takeWord(documentType, behindName);
+        }
+        const QByteArray text = nextLiteral(documentType, behindName);
+        if (!text.isNull()) {
+            m_entities[name].texts.append(text);
+        }
     }
 }
 
 DocumentTypeGuard::Cost DocumentTypeGuard::costOf(const QByteArray &entityName)
 {
-    return reckon(entityName, 0);
+    return reckon(entityName, 1);
 }
 
 DocumentTypeGuard::Cost DocumentTypeGuard::reckon(const QByteArray &entityName, int nesting)
@@ -85,26 +176,62 @@ DocumentTypeGuard::Cost DocumentTypeGuard::reckon(const QByteArray &entityName, 
     if (found->isReckoned) {
         return found->cost;
     }
-    // More than any document may have.
-    constexpr Cost endless = {Limits::entityCharacters + 1, Limits::entityReferences + 1, Limits::depth + 1};
+    Cost cost;
+    cost.references = 1;
+    cost.nesting = 1;
     if (nesting > Limits::entityNesting) {
-        return endless;
+        // An entity that contains itself ends here.
+        cost.nesting = nesting;
+        return cost;
     }
-
-    static const QRegularExpression reference(QStringLiteral("&([^#&;\\s][^&;\\s]*);"));
-    const QString text = replacementText(found->text);
-    // A character given by its number may be the start of a tag as well.
-    Cost cost = {text.size(), 1, text.count(QLatin1Char('<')) + text.count(QLatin1String("&#"))};
-    auto matches = reference.globalMatch(text);
-    while (matches.hasNext()) {
-        const Cost inner = reckon(matches.next().captured(1).toLatin1(), nesting + 1);
-        cost.characters = std::min(cost.characters + inner.characters, endless.characters);
-        cost.references = std::min(cost.references + inner.references, endless.references);
-        cost.startTags = std::min(cost.startTags + inner.startTags, endless.startTags);
+    // Whichever declaration of a name a parser takes, it is among these.
+    const QList<QByteArray> texts = found->texts;
+    for (const auto &text : texts) {
+        cost += reckonText(text, nesting);
     }
     Entity &entity = m_entities[entityName];
     entity.cost = cost;
     entity.isReckoned = true;
+    return cost;
+}
+
+DocumentTypeGuard::Cost DocumentTypeGuard::reckonText(const QByteArray &literal, int nesting)
+{
+    Cost own;
+    const QString text = replacementText(literal, own.excess);
+    own.characters = text.size();
+
+    XmlGuard guard;
+    const QByteArray markup = text.toLatin1();
+    guard.follow(markup.constData(), markup.size());
+    own.elements = guard.elements();
+    own.namespaceDeclarations = guard.namespaceDeclarations();
+    static const QRegularExpression unfinishedReference(QStringLiteral("&(?![^&;\\s]+;)"));
+    if (own.excess.isEmpty()) {
+        const bool isWhole = guard.isWhole() && !unfinishedReference.match(text).hasMatch();
+        own.excess = isWhole ? guard.excess() : QStringLiteral("an entity that begins or ends within markup");
+    }
+
+    Cost inner = reckonReferences(text, nesting + 1);
+    own.depth = guard.deepest() + inner.depth;
+    own.nesting = inner.nesting + 1;
+    inner.depth = 0;
+    inner.nesting = 0;
+    return own += inner;
+}
+
+DocumentTypeGuard::Cost DocumentTypeGuard::reckonReferences(const QString &text, int nesting)
+{
+    static const QRegularExpression reference(QStringLiteral("&([^#&;\\s][^&;\\s]*);"));
+    Cost cost;
+    auto matches = reference.globalMatch(text);
+    while (matches.hasNext() && cost.excess.isEmpty()) {
+        const QString name = matches.next().captured(1);
+        cost += reckon(name.toLatin1(), nesting);
+        if (name.contains(QChar::ReplacementCharacter)) {
+            cost.excess = QStringLiteral("an entity with a reference that is put together of characters");
+        }
+    }
     return cost;
 }
 

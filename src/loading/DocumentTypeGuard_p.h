@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QString>
 
 namespace Tobrix::Templates {
@@ -16,7 +17,14 @@ public:
     {
         qint64 characters = 0;
         qint64 references = 0;
-        qint64 startTags = 0;
+        qint64 elements = 0;
+        qint64 namespaceDeclarations = 0;
+        int depth = 0;   ///< of the elements in each other
+        int nesting = 0; ///< of the entities in each other
+        QString excess;  ///< why there must be no such reference, in words; empty where there may
+
+        /// Adds what comes beside it.
+        Cost &operator+=(const Cost &other);
     };
 
     /// Takes the text of a document type, without "<!DOCTYPE" and ">".
@@ -28,24 +36,32 @@ public:
     /// What a reference comes to; nothing for an entity that is not declared.
     Cost costOf(const QByteArray &entityName);
 
-    /// The attributes that an element gets by default, and their characters, at most.
+    /// What is too much of all the references of a document, in words; empty when nothing is.
+    static QString excessOf(const Cost &references);
+
+    /// What an element gets by default, at most: attributes, their characters, and namespace declarations.
     qint64 defaultAttributes() const { return m_defaultAttributes; }
     qint64 defaultCharacters() const { return m_defaultCharacters; }
+    qint64 defaultNamespaceDeclarations() const { return m_defaultNamespaceDeclarations; }
 
 private:
     struct Entity
     {
-        QByteArray text;
+        QList<QByteArray> texts;
         Cost cost;
         bool isReckoned = false;
     };
 
     void readEntities(const QByteArray &documentType);
+    void readDefaults(const QByteArray &documentType);
     Cost reckon(const QByteArray &entityName, int nesting);
+    Cost reckonText(const QByteArray &literal, int nesting);
+    Cost reckonReferences(const QString &text, int nesting);
 
     QHash<QByteArray, Entity> m_entities;
     qint64 m_defaultAttributes = 0;
     qint64 m_defaultCharacters = 0;
+    qint64 m_defaultNamespaceDeclarations = 0;
 };
 
 } // namespace Tobrix::Templates

@@ -7,6 +7,9 @@ namespace Tobrix::Templates::Limits {
 // are expanded, and inside a document type. All are generous: real templates nest less than 20 levels, hold
 // less than 50,000 columns and have no document type.
 
+/// Bytes of a file. No text of Qt's can hold more than about twice as many characters.
+inline constexpr int fileSize = 512 * 1024 * 1024;
+
 /// Elements in each other. Qt's DOM parser and the destruction of its document take about 300 bytes of stack
 /// a level, and hosts run threads on 256 KiB.
 inline constexpr int depth = 100;
@@ -31,7 +34,8 @@ inline constexpr int contentModelDepth = 16;
 /// Entities in each other. An entity that contains itself has no end.
 inline constexpr int entityNesting = 16;
 
-/// References to entities that the document declares, those inside of other entities counted each time.
+/// References to entities that the document declares, those inside of other entities counted each time. An
+/// entity must hold whole elements: what would begin or end within it could not be followed.
 inline constexpr int entityReferences = 1000;
 
 /// Characters that all these references come to.

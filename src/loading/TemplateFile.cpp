@@ -2,6 +2,7 @@
 
 #include "loading/Limits_p.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QTextCodec>
 
@@ -30,17 +31,6 @@ int openRegularFile(const QByteArray &path)
         return -1;
     }
     return descriptor;
-}
-
-/// The encoding that a file's XML declaration names; empty when it names none.
-QByteArray declaredEncoding(const QByteArray &beginning)
-{
-    static const QRegularExpression declaration(
-        QStringLiteral("^[^<]*<\\?xml[^>]*\\sencoding\\s*=\\s*[\"']([A-Za-z0-9._:-]+)[\"']"));
-    QByteArray ascii = beginning;
-    // Two or four bytes a character: every other one, or more, is null.
-    ascii.replace('\0', QByteArray());
-    return declaration.match(QString::fromLatin1(ascii)).captured(1).toLatin1();
 }
 
 /// The encoding that the first bytes of a file give away; empty for none but ASCII and its extensions.
@@ -74,6 +64,30 @@ bool isExtendedAscii(const QByteArray &encoding)
     return names.match(QString::fromLatin1(encoding)).hasMatch();
 }
 
+// Qt's DOM parser looks no further.
+constexpr int xmlDeclarationSize = 1024;
+
+/// What an XML declaration says about the encoding of its file.
+struct DeclaredEncoding
+{
+    QByteArray name;
+    bool isPlain = true; ///< whether there is only one way to understand the declaration
+};
+
+DeclaredEncoding declaredEncoding(const QString &declaration)
+{
+    const QString keyword = QStringLiteral("encoding");
+    if (!declaration.contains(keyword)) {
+        return {};
+    }
+    // The parsers look for the name in ways of their own, which agree on this form.
+    static const QRegularExpression plain(
+        QStringLiteral("^<\\?xml\\s[^&]*\\sencoding\\s*=\\s*([\"'])([A-Za-z][A-Za-z0-9._-]*)\\1[^&]*>$"));
+    const auto match = plain.match(declaration);
+    const bool isPlain = match.hasMatch() && declaration.count(keyword) == 1;
+    return {match.captured(2).toLatin1(), isPlain};
+}
+
 } // namespace
 
 TemplateFile::TemplateFile() = default;
@@ -84,12 +98,19 @@ bool TemplateFile::openTemplate(const QString &path)
 {
     close();
     setFileName(path);
-    m_views.clear();
+    m_guard = XmlGuard();
+    m_decoder.reset();
+    m_size = 0;
     m_heldBack.clear();
     m_excess.clear();
     m_line = 1;
+    m_column = 1;
     if (path.startsWith(QLatin1Char(':'))) {
-        return open(QIODevice::ReadOnly);
+        return !QFileInfo(path).isDir() && open(QIODevice::ReadOnly);
+    }
+    // The system would take what stands before a null character for the whole path.
+    if (path.contains(QChar(QChar::Null))) {
+        return false;
     }
     const int descriptor = openRegularFile(encodeName(path));
     if (descriptor < 0) {
@@ -99,7 +120,15 @@ bool TemplateFile::openTemplate(const QString &path)
         ::close(descriptor);
         return false;
     }
+    requireSize(size());
     return true;
+}
+
+bool TemplateFile::isFaultBeforeExcess(int line, int column) const
+{
+    // A parser that has come to the end of what it was given stops there, or next to it.
+    constexpr int nextToIt = 2;
+    return line > 0 && (line < m_line || (line == m_line && column + nextToIt < m_column));
 }
 
 qint64 TemplateFile::readData(char *data, qint64 maxSize)
@@ -111,9 +140,9 @@ qint64 TemplateFile::readData(char *data, qint64 maxSize)
     if (size <= 0) {
         return size;
     }
-    follow(QByteArray::fromRawData(data, static_cast<int>(size)));
-    if (!isInDocumentType()) {
-        return m_excess.isEmpty() ? size : 0;
+    const qint64 allowed = follow(QByteArray::fromRawData(data, static_cast<int>(size)));
+    if (!m_guard.isInDocumentType()) {
+        return allowed;
     }
     holdBackDocumentType(QByteArray(data, static_cast<int>(size)));
     return takeHeldBack(data, maxSize);
@@ -124,13 +153,16 @@ void TemplateFile::holdBackDocumentType(const QByteArray &beginning)
     // A parser must not see the beginning of a document type that turns out to be too much at its end.
     m_heldBack = beginning;
     QByteArray chunk(Limits::documentTypeSize, Qt::Uninitialized);
-    while (isInDocumentType() && m_excess.isEmpty()) {
+    while (m_guard.isInDocumentType() && m_excess.isEmpty()) {
         const qint64 size = QFile::readData(chunk.data(), chunk.size());
         if (size <= 0) {
             break;
         }
         m_heldBack.append(chunk.constData(), static_cast<int>(size));
         follow(QByteArray::fromRawData(chunk.constData(), static_cast<int>(size)));
+    }
+    if (m_guard.isInDocumentType() && m_excess.isEmpty()) {
+        m_excess = QStringLiteral("a document type without an end");
     }
     if (!m_excess.isEmpty()) {
         m_heldBack.clear();
@@ -145,59 +177,76 @@ qint64 TemplateFile::takeHeldBack(char *data, qint64 maxSize)
     return size;
 }
 
-void TemplateFile::follow(const QByteArray &chunk)
+qint64 TemplateFile::follow(const QByteArray &chunk)
 {
-    if (m_views.empty()) {
-        chooseViews(chunk.left(1024));
+    if (m_size == 0) {
+        chooseDecoder(chunk.left(xmlDeclarationSize));
     }
-    for (auto &view : m_views) {
-        follow(chunk, view);
-    }
-}
-
-void TemplateFile::follow(const QByteArray &chunk, View &view)
-{
-    const QByteArray bytes = view.decoder ? view.decoder->toUnicode(chunk).toUtf8() : chunk;
-    const qint64 followed = view.guard.follow(bytes.constData(), bytes.size());
+    m_size += chunk.size();
+    requireSize(m_size);
     if (!m_excess.isEmpty()) {
-        return;
+        return 0;
     }
-    m_excess = view.guard.excess();
-    if (&view == &m_views.front() || !m_excess.isEmpty()) {
-        m_line += static_cast<int>(std::count(bytes.cbegin(), bytes.cbegin() + followed, '\n'));
+    const QByteArray bytes = m_decoder ? m_decoder->toUnicode(chunk).toUtf8() : chunk;
+    const qint64 followed = m_guard.follow(bytes.constData(), bytes.size());
+    m_excess = m_guard.excess();
+    countPlace(QByteArray::fromRawData(bytes.constData(), static_cast<int>(followed)));
+    if (m_excess.isEmpty()) {
+        return chunk.size();
     }
+    // Where in the bytes something is too much cannot be told from where it is in their text, and what
+    // stands before it may be of the entities that are too much.
+    return m_decoder || m_guard.hasDocumentType() ? 0 : followed;
 }
 
-bool TemplateFile::isInDocumentType() const
+void TemplateFile::countPlace(const QByteArray &utf8)
 {
-    return std::any_of(m_views.cbegin(), m_views.cend(),
-                       [](const View &view) { return view.guard.isInDocumentType(); });
+    m_line += static_cast<int>(std::count(utf8.cbegin(), utf8.cend(), '\n'));
+    // The column matters only where something is too much.
+    if (!m_excess.isEmpty()) {
+        const int lineStart = utf8.lastIndexOf('\n') + 1;
+        m_column = QString::fromUtf8(utf8.mid(lineStart)).size() + 1;
+    }
 }
 
-void TemplateFile::chooseViews(const QByteArray &beginning)
+void TemplateFile::requireSize(qint64 size)
+{
+    if (size > Limits::fileSize && m_excess.isEmpty()) {
+        m_excess = QStringLiteral("a file of more than %1 bytes").arg(Limits::fileSize);
+    }
+}
+
+void TemplateFile::chooseDecoder(const QByteArray &beginning)
 {
     const QByteArray wide = wideEncoding(beginning);
-    const QByteArray declared = declaredEncoding(beginning);
-    // The parsers start with what the first bytes say and go on with what the declaration says, so that each
-    // may come to be in force.
-    addView(wide);
-    if (!declared.isEmpty() && declared != wide) {
-        addView(declared);
+    const QTextCodec *const first = QTextCodec::codecForName(wide.isEmpty() ? QByteArray("UTF-8") : wide);
+    if (!wide.isEmpty()) {
+        m_decoder.reset(first->makeDecoder());
     }
-}
-
-void TemplateFile::addView(const QByteArray &encoding)
-{
-    View view;
-    const bool isAscii = encoding.isEmpty() || isExtendedAscii(encoding);
-    const QTextCodec *codec = isAscii ? nullptr : QTextCodec::codecForName(encoding);
-    if (codec) {
-        view.decoder.reset(codec->makeDecoder());
-    } else if (std::any_of(m_views.cbegin(), m_views.cend(),
-                           [](const View &other) { return !other.decoder; })) {
+    const auto decoded = [&beginning](const QTextCodec &codec) {
+        return std::unique_ptr<QTextDecoder>(codec.makeDecoder())->toUnicode(beginning);
+    };
+    const QString text = decoded(*first);
+    if (!text.startsWith(QLatin1String("<?xml"))) {
         return;
     }
-    m_views.push_back(std::move(view));
+    const QString declaration = text.left(text.indexOf(QLatin1Char('>')) + 1);
+    const DeclaredEncoding declared = declaredEncoding(declaration);
+    if ((declaration.isEmpty() && beginning.size() == xmlDeclarationSize) || !declared.isPlain) {
+        m_excess = QStringLiteral("an XML declaration of unusual form");
+        return;
+    }
+    const QTextCodec *const codec = QTextCodec::codecForName(declared.name);
+    if (!codec || codec == first) {
+        return;
+    }
+    // The parsers read on in the encoding that the declaration names. Where it reads differently in that
+    // encoding, they do so from somewhere else.
+    if (!decoded(*codec).startsWith(declaration)) {
+        m_excess = QStringLiteral("an XML declaration in another encoding than it names");
+        return;
+    }
+    m_decoder.reset(isExtendedAscii(declared.name) ? nullptr : codec->makeDecoder());
 }
 
 } // namespace Tobrix::Templates

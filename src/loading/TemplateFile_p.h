@@ -5,7 +5,6 @@
 #include <QFile>
 
 #include <memory>
-#include <vector>
 
 class QTextDecoder;
 
@@ -26,32 +25,34 @@ public:
 
     /// What is too much in the file, in words; empty when nothing was as far as the file has been read.
     QString excess() const { return m_excess; }
-    /// The line, from 1, in which it is too much.
+    /// The line and the column, from 1, in which it is too much.
     int excessLine() const { return m_line; }
+    int excessColumn() const { return m_column; }
+
+    /// Whether a parser has found a fault before the place where something is too much: what it seems to have
+    /// too much of comes of the fault then, a missing quote perhaps.
+    /// @param line where the parser stopped, from 1; 0 when it found nothing wrong
+    /// @param column where the parser stopped, from 1
+    bool isFaultBeforeExcess(int line, int column) const;
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override;
 
 private:
-    /// One way to understand the file's bytes.
-    struct View
-    {
-        std::unique_ptr<QTextDecoder> decoder; // null for bytes in which markup stands in ASCII
-        XmlGuard guard;
-    };
-
     void holdBackDocumentType(const QByteArray &beginning);
     qint64 takeHeldBack(char *data, qint64 maxSize);
-    void follow(const QByteArray &chunk);
-    void follow(const QByteArray &chunk, View &view);
-    bool isInDocumentType() const;
-    void chooseViews(const QByteArray &beginning);
-    void addView(const QByteArray &encoding);
+    qint64 follow(const QByteArray &chunk);
+    void countPlace(const QByteArray &utf8);
+    void requireSize(qint64 size);
+    void chooseDecoder(const QByteArray &beginning);
 
-    std::vector<View> m_views;
+    XmlGuard m_guard;
+    std::unique_ptr<QTextDecoder> m_decoder; // null for bytes in which markup stands in ASCII
+    qint64 m_size = 0;
     QByteArray m_heldBack;
     QString m_excess;
     int m_line = 1;
+    int m_column = 1;
 };
 
 } // namespace Tobrix::Templates

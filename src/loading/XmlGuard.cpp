@@ -135,7 +135,9 @@ const char *XmlGuard::followStartTag(const char *at, const char *end)
     for (; at != end; ++at) {
         const char c = *at;
         if (c == '>') {
-            m_depth -= m_previousInTag == '/' ? 1 : 0;
+            if (m_previousInTag == '/') {
+                closeElement();
+            }
             enter(State::Text);
             return at + 1;
         }
@@ -167,7 +169,7 @@ const char *XmlGuard::followEndTag(const char *at, const char *end)
     if (at == end) {
         return at;
     }
-    m_depth = std::max(0, m_depth - 1);
+    closeElement();
     enter(State::Text);
     return at + 1;
 }
@@ -177,7 +179,9 @@ const char *XmlGuard::followDocumentType(const char *at, const char *end)
     for (; at != end; ++at) {
         if (isDocumentTypeAtEnd(*at)) {
             m_excess = m_documentType.read(m_documentTypeText);
-            enter(State::Text);
+            if (m_excess.isEmpty()) {
+                enter(State::Text);
+            }
             return at + 1;
         }
         m_documentTypeText += *at;
@@ -193,14 +197,21 @@ const char *XmlGuard::followDocumentType(const char *at, const char *end)
 bool XmlGuard::isDocumentTypeAtEnd(char c)
 {
     // Quotes mean nothing in comments ('-') and instructions ('?'), and brackets nothing in any of them.
+    const auto begin = [this, c] {
+        m_documentTypeQuote = c;
+        m_documentTypeQuoted = m_documentTypeText.size() + 1;
+    };
+    const auto endBehind = [this, c](const char *terminator, int size) {
+        if (c == '>' && m_documentTypeText.size() - m_documentTypeQuoted >= size &&
+            m_documentTypeText.endsWith(terminator)) {
+            m_documentTypeQuote = 0;
+        }
+    };
     switch (m_documentTypeQuote) {
     case 0:
-        if (c == '"' || c == '\'') {
-            m_documentTypeQuote = c;
-        } else if (c == '-' && m_documentTypeText.endsWith("<!-")) {
-            m_documentTypeQuote = c;
-        } else if (c == '?' && m_documentTypeText.endsWith('<')) {
-            m_documentTypeQuote = c;
+        if (c == '"' || c == '\'' || (c == '-' && m_documentTypeText.endsWith("<!-")) ||
+            (c == '?' && m_documentTypeText.endsWith('<'))) {
+            begin();
         } else if (c == '[') {
             ++m_documentTypeBrackets;
         } else if (c == ']') {
@@ -208,14 +219,10 @@ bool XmlGuard::isDocumentTypeAtEnd(char c)
         }
         return c == '>' && m_documentTypeBrackets <= 0;
     case '-':
-        if (c == '>' && m_documentTypeText.endsWith("--") && !m_documentTypeText.endsWith("<!--")) {
-            m_documentTypeQuote = 0;
-        }
+        endBehind("--", 2);
         return false;
     case '?':
-        if (c == '>' && m_documentTypeText.endsWith('?') && !m_documentTypeText.endsWith("<?")) {
-            m_documentTypeQuote = 0;
-        }
+        endBehind("?", 1);
         return false;
     default:
         if (c == m_documentTypeQuote) {
@@ -244,16 +251,11 @@ void XmlGuard::followReference(char c)
     } else if (m_isInReference && c == ';') {
         m_isInReference = false;
         const auto cost = m_documentType.costOf(m_reference);
-        m_referenceCost.characters += cost.characters;
-        m_referenceCost.references += cost.references;
-        m_referenceCost.startTags += cost.startTags;
-        m_elements += cost.startTags;
-        require(m_referenceCost.references <= Limits::entityReferences, "more than %1 references to entities",
-                Limits::entityReferences);
-        require(m_referenceCost.characters <= Limits::entityCharacters,
-                "entities that come to more than %1 characters", Limits::entityCharacters);
-        require(m_depth + m_referenceCost.startTags <= Limits::depth, "more than %1 elements in each other",
-                Limits::depth);
+        m_referenceCost += cost;
+        require(DocumentTypeGuard::excessOf(m_referenceCost));
+        require(m_depth + cost.depth <= Limits::depth, "more than %1 elements in each other", Limits::depth);
+        countElements(cost.elements);
+        countNamespaceDeclarations(cost.namespaceDeclarations);
     } else if (m_isInReference) {
         // A longer name than there can be in a document type is nobody's.
         m_isInReference = m_reference.size() < Limits::documentTypeSize;
@@ -269,6 +271,8 @@ void XmlGuard::enter(State state)
     if (state == State::Declaration) {
         m_declaration.clear();
     } else if (state == State::DocumentType) {
+        require(!m_hasDocumentType, "more than one document type");
+        m_hasDocumentType = true;
         m_documentTypeText.clear();
         m_documentTypeBrackets = 0;
         m_documentTypeQuote = 0;
@@ -284,12 +288,31 @@ void XmlGuard::openElement()
     m_isAttributeNameComplete = false;
     m_isInElementName = true;
     ++m_depth;
-    ++m_elements;
-    require(m_depth + m_referenceCost.startTags <= Limits::depth, "more than %1 elements in each other",
-            Limits::depth);
+    m_deepest = std::max(m_deepest, m_depth);
+    require(m_depth <= Limits::depth, "more than %1 elements in each other", Limits::depth);
+    countElements(1);
+}
+
+void XmlGuard::closeElement()
+{
+    m_isClosedTooOften = m_isClosedTooOften || m_depth == 0;
+    m_depth = std::max(0, m_depth - 1);
+}
+
+void XmlGuard::countElements(qint64 elements)
+{
+    m_elements += elements;
     require(m_elements * m_documentType.defaultAttributes() <= Limits::defaultedAttributes &&
                 m_elements * m_documentType.defaultCharacters() <= Limits::defaultedCharacters,
             "too many attributes by the defaults of the document type");
+    countNamespaceDeclarations(elements * m_documentType.defaultNamespaceDeclarations());
+}
+
+void XmlGuard::countNamespaceDeclarations(qint64 declarations)
+{
+    m_namespaceDeclarations += declarations;
+    require(m_namespaceDeclarations <= Limits::namespaceDeclarations, "more than %1 namespace declarations",
+            Limits::namespaceDeclarations);
 }
 
 void XmlGuard::nameAttribute(char c)
@@ -316,9 +339,14 @@ void XmlGuard::beginAttributeValue(char quote)
             Limits::attributesOfElement);
     constexpr std::array<char, 5> namespacePrefix = {'x', 'm', 'l', 'n', 's'};
     if (m_attributeNameSize == namespacePrefix.size() && m_attributeName == namespacePrefix) {
-        ++m_namespaceDeclarations;
-        require(m_namespaceDeclarations <= Limits::namespaceDeclarations,
-                "more than %1 namespace declarations", Limits::namespaceDeclarations);
+        countNamespaceDeclarations(1);
+    }
+}
+
+void XmlGuard::require(const QString &excess)
+{
+    if (m_excess.isEmpty()) {
+        m_excess = excess;
     }
 }
 

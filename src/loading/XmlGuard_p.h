@@ -25,8 +25,18 @@ public:
     /// What is too much, in words; empty as long as nothing is.
     QString excess() const { return m_excess; }
 
+    /// Whether the bytes are whole: they end outside of all markup, and all elements are closed, and were
+    /// open before that.
+    bool isWhole() const { return m_state == State::Text && m_depth == 0 && !m_isClosedTooOften; }
+
+    /// Elements in each other, at most, and elements and namespace declarations in all.
+    int deepest() const { return m_deepest; }
+    qint64 elements() const { return m_elements; }
+    qint64 namespaceDeclarations() const { return m_namespaceDeclarations; }
+
     /// Whether the bytes end within a document type, of which nothing can be said before its end.
     bool isInDocumentType() const { return m_state == State::DocumentType; }
+    bool hasDocumentType() const { return m_hasDocumentType; }
 
 private:
     enum class State {
@@ -58,15 +68,23 @@ private:
 
     void enter(State state);
     void openElement();
+    void closeElement();
+    void countElements(qint64 elements);
+    void countNamespaceDeclarations(qint64 declarations);
     void nameAttribute(char c);
     void beginAttributeValue(char quote);
     bool isDocumentTypeAtEnd(char c);
+
+    /// What is too much unless something else was before. Nothing can be followed behind it.
+    void require(const QString &excess);
     void require(bool isWithinLimit, const char *excess, int limit = 0);
 
     State m_state = State::Text;
     QString m_excess;
 
     int m_depth = 0;
+    int m_deepest = 0;
+    bool m_isClosedTooOften = false;
     qint64 m_elements = 0;
     int m_terminatorMatched = 0;
     QByteArray m_declaration;
@@ -75,15 +93,17 @@ private:
     char m_previousInTag = 0;
     char m_quote = 0;
     int m_attributes = 0;
-    int m_namespaceDeclarations = 0;
+    qint64 m_namespaceDeclarations = 0;
     // Of the name only the beginning matters.
     std::array<char, 5> m_attributeName = {};
     std::size_t m_attributeNameSize = 0;
     bool m_isAttributeNameComplete = false;
 
+    bool m_hasDocumentType = false;
     QByteArray m_documentTypeText;
     int m_documentTypeBrackets = 0;
     char m_documentTypeQuote = 0;
+    int m_documentTypeQuoted = 0; // where what is quoted begins
     DocumentTypeGuard m_documentType;
 
     bool m_isInReference = false;

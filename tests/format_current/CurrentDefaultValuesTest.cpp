@@ -380,11 +380,11 @@ void CurrentDefaultValuesTest::nodeTypeDefaultsUnlessTheFileHasOne_data()
     QTest::addColumn<QByteArray>("dataType");
     QTest::addColumn<QByteArray>("table");
     QTest::addColumn<QVariant>("expected");
-    const QByteArray own = item(R"(Value="SPEC" View="View")", bound("OBJ_Type"));
+    const QByteArray own = item(R"(Value="SHF" View="View")", bound("OBJ_Type"));
     QTest::newRow("none") << QByteArray() << QByteArray("Text") << QByteArray("SECTION")
                           << QVariant(QStringLiteral("NOD"));
     QTest::newRow("one") << own << QByteArray("Text") << QByteArray("SECTION")
-                         << QVariant(QStringLiteral("SPEC"));
+                         << QVariant(QStringLiteral("SHF"));
     QTest::newRow("none, in another table")
         << QByteArray() << QByteArray("Text") << QByteArray("NODE") << QVariant(QString());
     QTest::newRow("none, integer") << QByteArray() << QByteArray("Integer") << QByteArray("SECTION")

@@ -79,6 +79,8 @@ private Q_SLOTS:
     void folderIsRefusedAndTheRecordUntouched();
     void fileWithoutTemplateGivesAnEmptyRecord_data();
     void fileWithoutTemplateGivesAnEmptyRecord();
+    void missingQuoteKeepsWhatStandsBeforeIt();
+    void tagsLeftOpenBehindAFaultKeepWhatStandsBeforeIt();
     void faultBeforeTheHeaderLeavesEverythingEmpty_data();
     void faultBeforeTheHeaderLeavesEverythingEmpty();
     void whatStandsBeforeAFaultIsRead();
@@ -164,6 +166,27 @@ void CurrentDocumentTest::fileWithoutTemplateGivesAnEmptyRecord()
     QVERIFY(readDocument(content, rawData));
     COMPARE_VALUES(headerOf(rawData), emptyHeader());
     QVERIFY(isEmpty(rawData));
+}
+
+void CurrentDocumentTest::missingQuoteKeepsWhatStandsBeforeIt()
+{
+    // Behind a missing quote the rest of a file looks like attributes of one element, more than any has.
+    QByteArray view = "<View Id=\"V\" Name=\"Before\"/><View Id=\"W Name=\"Fault\"/>";
+    for (int i = 0; i < 1000; ++i) {
+        view += "<View Id=\"X" + QByteArray::number(i) + "\" Name=\"Behind\"/>";
+    }
+    CTemplateRawData rawData;
+    QVERIFY(readDocument(currentDocument("<TemplateIdentifier Id=\"T\"/>" + view), rawData));
+    QCOMPARE(rawData.uniqueId, QStringLiteral("T"));
+    QCOMPARE(rawData.programViews.keys(), QStringList{QStringLiteral("V")});
+}
+
+void CurrentDocumentTest::tagsLeftOpenBehindAFaultKeepWhatStandsBeforeIt()
+{
+    CTemplateRawData rawData;
+    QVERIFY(
+        readDocument(currentDocument("<Name>N</Name></Wrong>" + QByteArray("<br>").repeated(200)), rawData));
+    QCOMPARE(rawData.key, QStringLiteral("N"));
 }
 
 void CurrentDocumentTest::faultBeforeTheHeaderLeavesEverythingEmpty_data()
@@ -436,6 +459,8 @@ void CurrentDocumentTest::unknownNamesDoNotDisturbLaterFiles()
     QCOMPARE(ofUsual.unit, QStringLiteral("ft"));
     const auto *view = ofUsual.programViews.value(QStringLiteral("{view}"));
     QCOMPARE(view->columnCount(), 3);
+    QVERIFY(view->column(0));
+    QVERIFY(view->column(1));
     QCOMPARE(view->column(0)->dataType(), QStringLiteral("GUI"));
     QCOMPARE(view->column(0)->getControlType(), 8);
     QCOMPARE(view->column(1)->getControlType(), 0);

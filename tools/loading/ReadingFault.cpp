@@ -48,6 +48,42 @@ bool namesItsList(QXmlStreamReader &xml)
     return !isComplete || !listName.isEmpty();
 }
 
+QString excessOf(const TemplateFile &file)
+{
+    return QStringLiteral("goes past a limit at line %1: %2; nothing of it is used")
+        .arg(file.excessLine())
+        .arg(file.excess());
+}
+
+QString tooMany(int limit, const QString &what)
+{
+    return QStringLiteral("goes past a limit: more than %1 %2; nothing of it is used").arg(limit).arg(what);
+}
+
+/// The number of elements that containers hold, those in containers in each other counted for each.
+qint64 countWithinEach(const QDomNodeList &containers, const QString &name)
+{
+    qint64 count = 0;
+    for (int i = 0; i < containers.count(); ++i) {
+        count += containers.at(i).toElement().elementsByTagName(name).count();
+    }
+    return count;
+}
+
+/// What a document of the current format has too much of; empty when it has not.
+QString excessOf(const QDomDocument &document)
+{
+    const auto elements = [&document](const QString &name) { return document.elementsByTagName(name); };
+    if (countWithinEach(elements(QStringLiteral("View")), QStringLiteral("Column")) > Limits::columns) {
+        return tooMany(Limits::columns, QStringLiteral("columns"));
+    }
+    if (countWithinEach(elements(QStringLiteral("ValueList")), QStringLiteral("ValueListItem")) >
+        Limits::listItems) {
+        return tooMany(Limits::listItems, QStringLiteral("list items"));
+    }
+    return QString();
+}
+
 /// A column in a sentence: its caption and what it is bound to, as far as it has them.
 QString nameOf(const CTemplateColumn &column)
 {
@@ -61,7 +97,7 @@ QString nameOf(const CTemplateColumn &column)
 
 } // namespace
 
-QString faultOfLegacyFile(QIODevice &file)
+QString faultOfLegacyFile(TemplateFile &file)
 {
     QXmlStreamReader xml(&file);
     while (!isFinished(xml)) {
@@ -82,35 +118,33 @@ QString faultOfLegacyFile(QIODevice &file)
             xml.skipCurrentElement();
         }
     }
-    return xml.hasError() ? notWellFormed(xml.lineNumber(), xml.columnNumber() + 1, xml.errorString())
-                          : QString();
+    const int line = static_cast<int>(xml.lineNumber());
+    const int column = static_cast<int>(xml.columnNumber()) + 1;
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
+        return excessOf(file);
+    }
+    return xml.hasError() ? notWellFormed(line, column, xml.errorString()) : QString();
 }
 
-QString faultOfCurrentFile(QIODevice &file)
+QString faultOfCurrentFile(TemplateFile &file)
 {
+    QDomDocument document;
     QString explanation;
     int line = 0;
     int column = 0;
-    if (QDomDocument().setContent(&file, false, &explanation, &line, &column)) {
-        return QString();
+    const bool isWellFormed = document.setContent(&file, false, &explanation, &line, &column);
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
+        return excessOf(file);
+    }
+    const QString excess = excessOf(document);
+    if (!excess.isEmpty() || isWellFormed) {
+        return excess;
     }
     return notWellFormed(line, column, explanation) + QStringLiteral("; what follows was lost");
 }
 
-QString excessOf(const TemplateFile &file)
-{
-    return QStringLiteral("goes past a limit at line %1: %2; nothing of it is used")
-        .arg(file.excessLine())
-        .arg(file.excess());
-}
-
 QString readingFault(const CTemplateRawData &rawData)
 {
-    const auto tooMany = [](int limit, const QString &what) {
-        return QStringLiteral("goes past a limit: more than %1 %2; nothing of it is used")
-            .arg(limit)
-            .arg(what);
-    };
     if (rawData.columns.size() >= Limits::columns) {
         return tooMany(Limits::columns, QStringLiteral("columns"));
     }

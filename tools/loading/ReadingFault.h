@@ -1,6 +1,5 @@
 #pragma once
 
-class QIODevice;
 class QString;
 
 namespace Tobrix::Templates {
@@ -12,14 +11,11 @@ namespace Tobrix::Tools {
 
 /// What keeps the legacy reader from reading a file to its end; empty when nothing does. Judged by the same
 /// parser, along the same path through the document.
-QString faultOfLegacyFile(QIODevice &file);
+QString faultOfLegacyFile(Templates::TemplateFile &file);
 
 /// Where a file of the current format stops being well-formed; empty when it is. Judged by the parser that
 /// the format's reader uses.
-QString faultOfCurrentFile(QIODevice &file);
-
-/// What a file that has been read has too much of, and where; nothing of such a file is used.
-QString excessOf(const Templates::TemplateFile &file);
+QString faultOfCurrentFile(Templates::TemplateFile &file);
 
 /// What made the legacy reader stop in the middle of a file that is in order, by what it had read until then.
 QString readingFault(const Templates::CTemplateRawData &rawData);

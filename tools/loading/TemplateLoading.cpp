@@ -32,8 +32,7 @@ QString readingProblem(const QString &fileName)
     if (!file.openTemplate(fileName)) {
         return whyNotOpened(fileName);
     }
-    const QString fault = isCurrentFormatPath(fileName) ? faultOfCurrentFile(file) : faultOfLegacyFile(file);
-    return file.excess().isEmpty() ? fault : excessOf(file);
+    return isCurrentFormatPath(fileName) ? faultOfCurrentFile(file) : faultOfLegacyFile(file);
 }
 
 } // namespace

@@ -1,0 +1,108 @@
+#include "HostileFile.h"
+
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+struct Run
+{
+    int exitStatus = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Run show(const QString &path)
+{
+    QProcess process;
+    process.start(QStringLiteral(TOBRIX_TEMPLATE_TOOL), {QStringLiteral("show"), path});
+    process.closeWriteChannel();
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit) {
+        process.kill();
+        process.waitForFinished();
+        return {};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+} // namespace
+
+class HostileDiagnosisTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void limitAndLineAreNamed_data();
+    void limitAndLineAreNamed();
+
+private:
+    const HostileFolder m_folder;
+};
+
+void HostileDiagnosisTest::limitAndLineAreNamed_data()
+{
+    QTest::addColumn<QByteArray>("prolog");
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<QByteArray>("excess");
+    const QByteArray none;
+    QTest::newRow("depth") << none << "\n\n" + nested("a", 200) << 3
+                           << QByteArray("more than 100 elements in each other");
+    QTest::newRow("depth, a line for every level")
+        << none << repeated("\n<a>", 200) << 101 << QByteArray("more than 100 elements in each other");
+    QTest::newRow("attributes") << none
+                                << "\n<a" +
+                                       numbered(300, [](const QByteArray &i) { return " b" + i + "=''"; }) +
+                                       "/>"
+                                << 2 << QByteArray("more than 256 attributes on one element");
+    QTest::newRow("namespaces") << none << "\n" + repeated("<a xmlns='u'/>", 100) << 2
+                                << QByteArray("more than 64 namespace declarations");
+    QTest::newRow("size of the document type")
+        << documentType("\n<!--" + repeated("x", 20'000) + "-->") << none << 2
+        << QByteArray("a document type of more than 16384 bytes");
+    QTest::newRow("declarations") << documentType(repeated("\n<!ELEMENT b ANY>", 200)) << none << 201
+                                  << QByteArray("more than 100 declarations in the document type");
+    QTest::newRow("content model") << "\n" + documentType("<!ELEMENT a " + repeated("(", 20) +
+                                                          repeated(")", 20) + '>')
+                                   << none << 2
+                                   << QByteArray("a content model that nests more than 16 levels");
+    QTest::newRow("parameter entity") << documentType("<!ENTITY % p ''>%p;") << none << 1
+                                      << QByteArray("a reference to a parameter entity in the document type");
+    QTest::newRow("references") << documentType(entity("e", "x")) << "\n\n\n" + repeated("&e;", 2'000) << 4
+                                << QByteArray("more than 1000 references to entities");
+    QTest::newRow("characters") << documentType(entity("e", repeated("x", 4'000)))
+                                << "\n" + repeated("&e;", 100) << 2
+                                << QByteArray("entities that come to more than 65536 characters");
+    QTest::newRow("entity in itself") << documentType(entity("e", "&e;")) << QByteArray("\n&e;") << 2
+                                      << QByteArray("more than 16 entities in each other");
+    QTest::newRow("half an element") << documentType(entity("e", "<b>")) << QByteArray("\n&e;</b>") << 2
+                                     << QByteArray("an entity that begins or ends within markup");
+    QTest::newRow("defaults") << documentType("<!ATTLIST b c CDATA ''>") << "\n" + repeated("<b/>", 20'000)
+                              << 2 << QByteArray("too many attributes by the defaults of the document type");
+    QTest::newRow("document types") << documentType(none) + '\n' + documentType(none) << none << 2
+                                    << QByteArray("more than one document type");
+    QTest::newRow("declaration of the encoding")
+        << QByteArray("<?xml version='1.0' encoding='UTF&#45;7'?>\n") << none << 1
+        << QByteArray("an XML declaration of unusual form");
+    QTest::newRow("another encoding") << QByteArray("<?xml version='1.0' encoding='UTF-16'?>\n") << none << 1
+                                      << QByteArray("an XML declaration in another encoding than it names");
+}
+
+void HostileDiagnosisTest::limitAndLineAreNamed()
+{
+    QFETCH(QByteArray, prolog);
+    QFETCH(QByteArray, body);
+    QFETCH(int, line);
+    QFETCH(QByteArray, excess);
+    for (const Format format : {Format::Legacy, Format::Current}) {
+        const QString path = m_folder.write(format, document(format, body, prolog));
+        const Run run = show(path);
+        QCOMPARE(run.errors, "tobrix-template: " + path.toUtf8() + ": goes past a limit at line " +
+                                 QByteArray::number(line) + ": " + excess + "; nothing of it is used\n");
+        QCOMPARE(run.exitStatus, 1);
+        QVERIFY2(!run.output.contains("Template k"), run.output.constData());
+    }
+}
+
+QTEST_GUILESS_MAIN(HostileDiagnosisTest)
+#include "HostileDiagnosisTest.moc"

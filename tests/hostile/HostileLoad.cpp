@@ -1,0 +1,96 @@
+#include "HostileLoad.h"
+
+#include <QFile>
+#include <QMap>
+
+#include <cmath>
+
+#include <grp.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+void limit(__rlimit_resource resource, double most)
+{
+    const auto value = static_cast<rlim_t>(std::ceil(most));
+    const rlimit limits = {value, value};
+    if (::setrlimit(resource, &limits) != 0) {
+        ::_exit(98);
+    }
+}
+
+/// Values by their names, as hostile_load prints them.
+QMap<QByteArray, double> printedValues(const QByteArray &output)
+{
+    QMap<QByteArray, double> values;
+    const auto lines = output.split('\n');
+    for (const auto &line : lines) {
+        const auto words = line.split(' ');
+        if (words.size() == 2) {
+            values.insert(words[0], words[1].toDouble());
+        }
+    }
+    return values;
+}
+
+} // namespace
+
+LoadBounds boundsForSize(qint64 fileSize)
+{
+    const auto size = static_cast<double>(fileSize);
+    return {64 + 128 * size / (1024 * 1024), 1 + size / 1e6};
+}
+
+void LimitedProcess::setupChildProcess()
+{
+    constexpr uid_t nobody = 65534;
+    if (::geteuid() == 0 &&
+        (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0)) {
+        ::_exit(99);
+    }
+    limit(RLIMIT_CORE, 0);
+#ifndef TOBRIX_TEST_SANITIZED
+    // Libraries, stacks and arenas take address space as well. Sanitizers take nearly all that there is.
+    constexpr double ownSpace = 1024;
+    limit(RLIMIT_AS, (m_bounds.memory * 2 + ownSpace) * 1024 * 1024);
+    limit(RLIMIT_CPU, m_bounds.cpu * 2 + 5);
+#endif
+}
+
+HostileLoad LimitedProcess::takeLoad()
+{
+    HostileLoad load;
+    constexpr int patience = 120'000;
+    if (!waitForFinished(patience)) {
+        kill();
+        waitForFinished();
+        load.failure = QStringLiteral("does not come to an end");
+        return load;
+    }
+    const auto values = printedValues(readAllStandardOutput());
+    if (exitStatus() != NormalExit || exitCode() != 0 || !values.contains("memory")) {
+        load.failure =
+            QStringLiteral("died: %1 %2, %3")
+                .arg(exitStatus() == NormalExit ? QStringLiteral("exit status") : QStringLiteral("signal"))
+                .arg(exitCode())
+                .arg(QString::fromLocal8Bit(readAllStandardError().right(3000)));
+        return load;
+    }
+    load.isRead = values["read"] != 0;
+    load.hasTemplate = values["template"] != 0;
+    load.isEmpty = values["empty"] != 0;
+    load.views = static_cast<int>(values["views"]);
+    load.items = static_cast<int>(values["items"]);
+    load.memory = values["memory"] / 1024;
+    load.cpu = values["cpu"];
+    return load;
+}
+
+HostileLoad loadInChild(const QString &path, const LoadBounds &bounds)
+{
+    LimitedProcess process(bounds);
+    process.start(QStringLiteral(TOBRIX_HOSTILE_LOAD), {path});
+    process.closeWriteChannel();
+    return process.takeLoad();
+}

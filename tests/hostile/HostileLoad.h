@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/// What a file of some size may cost.
+struct LoadBounds
+{
+    double memory = 0; ///< MiB
+    double cpu = 0;    ///< seconds
+};
+
+LoadBounds boundsForSize(qint64 fileSize);
+
+/// What came of loading a file in a process of its own.
+struct HostileLoad
+{
+    QString failure; ///< what went wrong with the process, in words; empty when it told what came of the file
+    bool isRead = false;
+    bool hasTemplate = false;
+    bool isEmpty = false;
+    int views = 0;
+    int items = 0;
+    double memory = 0; ///< MiB at most
+    double cpu = 0;    ///< seconds
+};
+
+/// Loads a file in a process of its own, which is stopped where it goes far beyond the bounds.
+HostileLoad loadInChild(const QString &path, const LoadBounds &bounds);
+
+/// A process under limits, without the rights of root.
+class LimitedProcess : public QProcess
+{
+public:
+    explicit LimitedProcess(const LoadBounds &bounds) : m_bounds(bounds) {}
+
+    /// What came of loading; waits for it.
+    HostileLoad takeLoad();
+
+protected:
+    void setupChildProcess() override;
+
+private:
+    const LoadBounds m_bounds;
+};

@@ -1,0 +1,127 @@
+// Loads one template file the way a host's worker thread would, and says what came of it and what it cost:
+//     hostile_load FILE
+// A process of its own for every file, so that one that takes its process down takes nothing else with it.
+
+#include "loading/CTemplateReader.h"
+#include "model/CCatalogTemplate.h"
+#include "model/CTemplateLegendDataItem.h"
+#include "standalone_host/StandaloneHost.h"
+
+#include <QFile>
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+#include <pthread.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using namespace Tobrix::Templates;
+
+namespace {
+
+#ifdef TOBRIX_TEST_SANITIZED
+// The sanitizers surround every variable of an instrumented function, and their own interceptors and leak
+// check run on the same stack.
+constexpr std::size_t stackSize = 2 * 1024 * 1024;
+#else
+constexpr std::size_t stackSize = 256 * 1024;
+#endif
+
+/// What came of a file.
+struct Loading
+{
+    QString path;
+    bool isRead = false;
+    bool hasTemplate = false;
+    bool isEmpty = false;
+    int views = 0;
+    int listItems = 0;
+};
+
+bool isHeaderEmpty(const CCatalogTemplate &loaded)
+{
+    return loaded.uniqueId().isEmpty() && loaded.catalogRef().isEmpty() &&
+           loaded.catalogProfileRef().isEmpty() && loaded.key().isEmpty() && loaded.type().isEmpty() &&
+           loaded.description().isEmpty() && loaded.version().isEmpty() && loaded.unit().isEmpty() &&
+           !loaded.isSystem() && !loaded.isEditable() && !loaded.isUpdatable();
+}
+
+void *load(void *argument)
+{
+    auto &loading = *static_cast<Loading *>(argument);
+    CCatalogTemplate *loaded = nullptr;
+    loading.isRead = CTemplateReader::readFile(loading.path, CTemplateReader::ReaderFlags(0), loaded);
+    const std::unique_ptr<CCatalogTemplate> owner(loaded);
+    loading.hasTemplate = loaded != nullptr;
+    if (loaded) {
+        const QStringList lists = loaded->itemListNames();
+        for (const auto &list : lists) {
+            loading.listItems += loaded->itemList(list).size();
+        }
+        loading.views = loaded->programViewCount();
+        loading.isEmpty = isHeaderEmpty(*loaded) && loading.views == 0 && lists.isEmpty() &&
+                          loaded->getLegendOfClassification(false).isEmpty() &&
+                          loaded->getLegendOfClassification(true).isEmpty();
+    }
+    return nullptr;
+}
+
+bool runOnThread(Loading &loading)
+{
+    pthread_attr_t attributes;
+    pthread_t thread;
+    return pthread_attr_init(&attributes) == 0 && pthread_attr_setstacksize(&attributes, stackSize) == 0 &&
+           pthread_create(&thread, &attributes, load, &loading) == 0 && pthread_join(thread, nullptr) == 0;
+}
+
+double cpuSeconds()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval &time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+/// The most memory that the process has held at once, in KiB. The figure of getrusage() would still be that
+/// of the process that started this one.
+long peakMemory()
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> status(std::fopen("/proc/self/status", "r"),
+                                                                  std::fclose);
+    char line[256];
+    long memory = -1;
+    while (status && std::fgets(line, sizeof line, status.get())) {
+        if (std::sscanf(line, "VmHWM: %ld", &memory) == 1) {
+            return memory;
+        }
+    }
+    return -1;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (argc != 2) {
+        std::fputs("Usage: hostile_load FILE\n", stderr);
+        return 2;
+    }
+    Tobrix::Standalone::StandaloneHost::instance().setLogSink([](int, const QString &, const QString &) {});
+    Loading loading;
+    loading.path = QFile::decodeName(argv[1]);
+    // For those who watch the process from outside: what it touches from here on, it touches for the file.
+    ::access("/hostile_load begins", F_OK);
+    if (!runOnThread(loading)) {
+        std::fputs("hostile_load: there is no thread to load on\n", stderr);
+        return 3;
+    }
+    ::access("/hostile_load ends", F_OK);
+    std::printf("read %d\ntemplate %d\nempty %d\nviews %d\nitems %d\ncpu %f\nmemory %ld\n", loading.isRead,
+                loading.hasTemplate, loading.isEmpty, loading.views, loading.listItems, cpuSeconds(),
+                peakMemory());
+    return 0;
+}
