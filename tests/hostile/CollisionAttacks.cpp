@@ -94,16 +94,17 @@ std::vector<QByteArray> collidingTexts(int count)
 void add(Attacks &attacks, const QByteArray &name, Format format, const QByteArray &before,
          const QByteArray &behind)
 {
-    constexpr int count = 40'000;
-    attacks.push_back({name, Outcome::Bounded,
-                       [=] {
-                           QByteArray body;
-                           for (const auto &text : collidingTexts(count)) {
-                               body += before + text + behind;
-                           }
-                           return document(format, body);
-                       },
-                       format, true});
+    for (const int count : {5'000, 10'000, 40'000}) {
+        const auto makeDocument = [=] {
+            QByteArray body;
+            for (const auto &text : collidingTexts(count)) {
+                body += before + text + behind;
+            }
+            return document(format, body);
+        };
+        attacks.push_back(
+            {QByteArray::number(count) + " colliding " + name, Outcome::Bounded, makeDocument, format, true});
+    }
 }
 
 } // namespace
@@ -111,15 +112,12 @@ void add(Attacks &attacks, const QByteArray &name, Format format, const QByteArr
 Attacks collisionAttacks()
 {
     Attacks attacks;
-    add(attacks, "colliding ids of views, current", Format::Current, "<View Id='", "'/>");
-    add(attacks, "colliding ids of views, legacy", Format::Legacy, "<PROGVIEW><PV_PK>",
-        "</PV_PK></PROGVIEW>");
-    add(attacks, "colliding units of columns, current", Format::Current, "<Column Unit='", "'/>");
-    add(attacks, "colliding units of columns, legacy", Format::Legacy, "<SYSCOL><COL_Unit>",
-        "</COL_Unit></SYSCOL>");
-    add(attacks, "colliding names of lists, current", Format::Current, "<ValueList Name='",
+    add(attacks, "ids of views, current", Format::Current, "<View Id='", "'/>");
+    add(attacks, "ids of views, legacy", Format::Legacy, "<PROGVIEW><PV_PK>", "</PV_PK></PROGVIEW>");
+    add(attacks, "units of columns, current", Format::Current, "<Column Unit='", "'/>");
+    add(attacks, "units of columns, legacy", Format::Legacy, "<SYSCOL><COL_Unit>", "</COL_Unit></SYSCOL>");
+    add(attacks, "names of lists, current", Format::Current, "<ValueList Name='",
         "'><ValueListItem/></ValueList>");
-    add(attacks, "colliding names of lists, legacy", Format::Legacy, "<SYSLIST><LIST_Name>",
-        "</LIST_Name></SYSLIST>");
+    add(attacks, "names of lists, legacy", Format::Legacy, "<SYSLIST><LIST_Name>", "</LIST_Name></SYSLIST>");
     return attacks;
 }

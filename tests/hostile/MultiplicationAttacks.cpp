@@ -1,5 +1,7 @@
 #include "Attacks.h"
 
+#include <QList>
+
 namespace {
 
 /// A text that a parser keeps in pieces, so that whoever asks for it has to put it together.
@@ -13,6 +15,18 @@ void add(Attacks &attacks, const QByteArray &name, Outcome outcome, const std::f
 {
     attacks.push_back(
         {name, outcome, [=] { return document(Format::Current, body()); }, Format::Current, isBig});
+}
+
+/// Elements of several names in each other, over and over, around a text.
+QByteArray enclosed(int times, const QList<QByteArray> &names, const QByteArray &text)
+{
+    QByteArray begin;
+    QByteArray end;
+    for (const auto &name : names) {
+        begin += '<' + name + '>';
+        end.prepend("</" + name + '>');
+    }
+    return repeated(begin, times) + text + repeated(end, times);
 }
 
 QByteArray columnTexts(const QByteArray &text)
@@ -84,6 +98,12 @@ void addTexts(Attacks &attacks)
         return legends(
             nested("ClassificationColor", 90,
                    "<TextA><TextB><TextItem>" + textInPieces(size) + "</TextItem></TextB></TextA>"));
+    });
+    add(attacks, "texts of 30 columns in each other", Outcome::Read, [] {
+        return enclosed(30, {"Column", "Caption", "TextItem"}, textInPieces(size));
+    });
+    add(attacks, "two texts of 19 columns in each other", Outcome::Read, [] {
+        return enclosed(19, {"Column", "Caption", "TextItem", "ToolTip", "TextItem"}, textInPieces(size));
     });
     add(attacks, "90 names around one text", Outcome::Read,
         [] { return nested("Name", 90, textInPieces(size)); });
