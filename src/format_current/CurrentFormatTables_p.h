@@ -51,6 +51,8 @@ enum class ElementName : unsigned char {
     Color,
     TextA,
     TextB,
+
+    Count
 };
 
 /// Whether an element is one that a column consists of.

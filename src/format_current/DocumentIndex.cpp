@@ -1,6 +1,6 @@
 #include "format_current/DocumentIndex_p.h"
 
-#include "rawdata/DecimalInt_p.h"
+#include "rawdata/PlainNumbers_p.h"
 
 #include <QDomDocument>
 
@@ -48,47 +48,54 @@ const ElementName *elementNameOf(const QString &text)
     return nullptr;
 }
 
-/// The node behind a subtree, within the subtree of a root; null when the root's is at its end.
-QDomNode nodeBehind(QDomNode node, int &depth)
-{
-    while (depth > 0) {
-        const QDomNode sibling = node.nextSibling();
-        if (!sibling.isNull()) {
-            return sibling;
-        }
-        node = node.parentNode();
-        --depth;
-    }
-    return QDomNode();
-}
-
 } // namespace
 
 DocumentIndex::DocumentIndex(const QDomDocument &document, ReadColumn readColumn)
-    : m_readColumn(std::move(readColumn))
+    : m_document(document), m_readColumn(std::move(readColumn))
 {
-    int depth = 1;
-    QDomNode node = document.firstChild();
-    while (!node.isNull()) {
-        closeFrom(depth);
-        if (node.isElement()) {
-            open(node.toElement(), depth);
-        }
-        const QDomNode child = node.firstChild();
-        if (child.isNull()) {
-            node = nodeBehind(node, depth);
-        } else {
-            node = child;
-            ++depth;
+}
+
+void DocumentIndex::follow()
+{
+    while (advance()) {
+        closeFrom(m_depth);
+        if (m_node.isElement()) {
+            open(m_node.toElement());
         }
     }
+}
+
+void DocumentIndex::finish()
+{
+    follow();
     closeFrom(0);
 }
 
-void DocumentIndex::open(const QDomElement &element, int depth)
+bool DocumentIndex::advance()
+{
+    const QDomNode child = m_depth == 0 ? m_document.firstChild() : m_node.firstChild();
+    if (!child.isNull()) {
+        m_node = child;
+        ++m_depth;
+        return true;
+    }
+    QDomNode node = m_node;
+    for (int depth = m_depth; depth > 0; --depth) {
+        const QDomNode sibling = node.nextSibling();
+        if (!sibling.isNull()) {
+            m_node = sibling;
+            m_depth = depth;
+            return true;
+        }
+        node = node.parentNode();
+    }
+    return false;
+}
+
+void DocumentIndex::open(const QDomElement &element)
 {
     if (const ElementName *name = elementNameOf(element.tagName())) {
-        m_open.push_back({size(), depth});
+        m_open.push_back({size(), m_depth});
         m_entries.push_back({element, 0, 0, *name});
     }
 }
@@ -118,18 +125,20 @@ void DocumentIndex::closeColumn(int position)
     const auto parts = m_entries.begin() + position + 1;
     if (std::all_of(m_open.cbegin(), m_open.cend(), isView) && std::all_of(parts, m_entries.end(), isPart)) {
         m_entries.erase(parts, m_entries.end());
+        m_composedTexts.clear();
         at(position).end = size();
     }
 }
 
 IndexedElement DocumentIndex::first(ElementName name) const
 {
-    return firstWithin(0, size(), name);
+    const int position = positionWithin(0, size(), name);
+    return position == size() ? IndexedElement() : IndexedElement(*this, position);
 }
 
-std::vector<IndexedElement> DocumentIndex::all(ElementName name) const
+IndexedElements DocumentIndex::all(ElementName name) const
 {
-    return allWithin(0, size(), name);
+    return IndexedElements(*this, 0, size(), name);
 }
 
 qint64 DocumentIndex::countWithinEach(ElementName container, ElementName name) const
@@ -144,23 +153,21 @@ qint64 DocumentIndex::countWithinEach(ElementName container, ElementName name) c
     return count;
 }
 
-IndexedElement DocumentIndex::firstWithin(int begin, int end, ElementName name) const
+QString DocumentIndex::composedText(int position) const
+{
+    QString &text = m_composedTexts[position];
+    if (text.isNull()) {
+        text = at(position).element.text();
+        text.squeeze();
+    }
+    return text;
+}
+
+int DocumentIndex::positionWithin(int begin, int end, ElementName name) const
 {
     const auto hasName = [name](const Entry &entry) { return entry.name == name; };
     const auto found = std::find_if(m_entries.cbegin() + begin, m_entries.cbegin() + end, hasName);
-    const int position = static_cast<int>(found - m_entries.cbegin());
-    return position == end ? IndexedElement() : IndexedElement(*this, position);
-}
-
-std::vector<IndexedElement> DocumentIndex::allWithin(int begin, int end, ElementName name) const
-{
-    std::vector<IndexedElement> elements;
-    for (int position = begin; position < end; ++position) {
-        if (at(position).name == name) {
-            elements.push_back(IndexedElement(*this, position));
-        }
-    }
-    return elements;
+    return static_cast<int>(found - m_entries.cbegin());
 }
 
 QString IndexedElement::attribute(const QString &name) const
@@ -182,7 +189,7 @@ int IndexedElement::intAttribute(const QString &name, int absent) const
 double IndexedElement::doubleAttribute(const QString &name, double absent) const
 {
     const QString value = attribute(name);
-    return value.isNull() ? absent : value.toDouble();
+    return value.isNull() ? absent : toDecimalDouble(QStringRef(&value));
 }
 
 QDomNamedNodeMap IndexedElement::attributes() const
@@ -201,9 +208,7 @@ QString IndexedElement::text() const
         const QString text = child.nodeValue();
         return text.isNull() ? QStringLiteral("") : text;
     }
-    QString text = entry().element.text();
-    text.squeeze();
-    return text;
+    return m_index->composedText(m_position);
 }
 
 QString IndexedElement::sharedText() const
@@ -213,12 +218,30 @@ QString IndexedElement::sharedText() const
 
 IndexedElement IndexedElement::first(ElementName name) const
 {
-    return isNull() ? IndexedElement() : m_index->firstWithin(m_position + 1, entry().end, name);
+    if (isNull()) {
+        return IndexedElement();
+    }
+    const int position = m_index->positionWithin(m_position + 1, entry().end, name);
+    return position == entry().end ? IndexedElement() : IndexedElement(*m_index, position);
 }
 
-std::vector<IndexedElement> IndexedElement::all(ElementName name) const
+FirstElements::FirstElements(const IndexedElement &element) : m_index(element.m_index)
 {
-    return isNull() ? std::vector<IndexedElement>() : m_index->allWithin(m_position + 1, entry().end, name);
+    for (int position = element.m_position + 1; position < element.entry().end; ++position) {
+        int &first = m_positions[static_cast<std::size_t>(m_index->at(position).name)];
+        first = first == 0 ? position : first;
+    }
+}
+
+IndexedElement FirstElements::operator[](ElementName name) const
+{
+    const int position = m_positions[static_cast<std::size_t>(name)];
+    return position == 0 ? IndexedElement() : IndexedElement(*m_index, position);
+}
+
+IndexedElements IndexedElement::all(ElementName name) const
+{
+    return isNull() ? IndexedElements() : IndexedElements(*m_index, m_position + 1, entry().end, name);
 }
 
 } // namespace Tobrix::Templates

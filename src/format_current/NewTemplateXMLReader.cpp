@@ -21,15 +21,17 @@
 
 namespace Tobrix::Templates {
 
-/// A column as it stands in the document, before the view that it is for has its say.
+/// A column as it stands in the document. What depends on the view that it is for is filled in anew for each.
 struct ColumnRecord
 {
     CColumnData data;
-    bool hasReference =
-        false;             ///< Whether the bound column refers to an object, of which a property is shown:
-    bool showsKey = false; ///< the object's key, or something else,
-    QString shownColumn;   ///< by this database column
-    QString shownTable;    ///< of this table.
+    QString ownColumn; ///< The database column that the column is bound to
+    QString ownTable;  ///< and its table.
+
+    bool hasReference = false; ///< Whether that refers to an object, of which a property is shown:
+    bool showsKey = false;     ///< the object's key, or something else,
+    QString shownColumn;       ///< by this database column
+    QString shownTable;        ///< of this table.
 };
 
 namespace {
@@ -57,10 +59,10 @@ bool isExcluded(const CColumnData &data)
     return std::any_of(std::begin(excludedColumnKeys), std::end(excludedColumnKeys), isKey);
 }
 
-/// The text of the first text item below the first element of a name below an element.
-QString textItemBelow(const IndexedElement &element, ElementName name)
+/// The text of the first text item below an element.
+QString textItemOf(const IndexedElement &captions)
 {
-    return element.first(name).first(ElementName::TextItem).text();
+    return captions.first(ElementName::TextItem).text();
 }
 
 /// Whether a property is the key of its object.
@@ -100,61 +102,77 @@ void readNumericRange(const IndexedElement &range, CColumnData &data)
     data.maximumValue = range.doubleAttribute(QStringLiteral("To"), data.maximumValue);
 }
 
-void readRestrictions(const IndexedElement &column, CColumnData &data)
+void readRestrictions(const FirstElements &parts, CColumnData &data)
 {
-    data.isMandatory = !column.first(ElementName::MandatoryRestriction).isNull();
-    data.isReadOnly = !column.first(ElementName::ReadOnlyRestriction).isNull();
-    data.isVirtual = !column.first(ElementName::VirtualRestriction).isNull();
+    data.isMandatory = !parts[ElementName::MandatoryRestriction].isNull();
+    data.isReadOnly = !parts[ElementName::ReadOnlyRestriction].isNull();
+    data.isVirtual = !parts[ElementName::VirtualRestriction].isNull();
 
     // The restriction says at which levels a column is shown: one without it is never shown.
-    const IndexedElement visibility = column.first(ElementName::VisibilityRestriction);
+    const IndexedElement visibility = parts[ElementName::VisibilityRestriction];
     data.isVisible = !visibility.isNull();
     if (visibility.attribute(QStringLiteral("Simple")) == QLatin1String("false")) {
         data.groupLevel = static_cast<CTemplateColumn::GroupLevel>(countGroupLevel(visibility));
     }
 
-    const IndexedElement textLength = column.first(ElementName::TextLengthRestriction);
+    const IndexedElement textLength = parts[ElementName::TextLengthRestriction];
     data.maximumTextLength = toSaturatedInt(textLength.doubleAttribute(QStringLiteral("Max")));
-    readNumericRange(column.first(ElementName::NumericRangeRestriction), data);
+    readNumericRange(parts[ElementName::NumericRangeRestriction], data);
 }
 
-/// Binds a column of a view to what its reference shows, where the view shows it.
-void applyReference(const ColumnRecord &record, bool isDetailView, CColumnData &data)
+/// Binds a column of a view to its own database column, or to what that refers to where the view shows it.
+void bindColumn(ColumnRecord &record, bool isDetailView)
 {
     // A key is shown in place of its reference only where a detail form must have it.
     const bool isShown =
-        record.hasReference && (!record.showsKey || (isDetailView && data.isMandatory &&
-                                                     data.boundColumn.endsWith(QLatin1String("_FK"))));
-    if (isShown) {
-        data.boundColumn = record.shownColumn;
-        data.tableName = record.shownTable;
-    }
+        record.hasReference && (!record.showsKey || (isDetailView && record.data.isMandatory &&
+                                                     record.ownColumn.endsWith(QLatin1String("_FK"))));
+    record.data.boundColumn = isShown ? record.shownColumn : record.ownColumn;
+    record.data.tableName = isShown ? record.shownTable : record.ownTable;
 }
 
-/// The scopes of the scheme that hosts show, the default one.
-std::vector<IndexedElement> defaultColorScopes(const DocumentIndex &document)
+/// Whether a scope is of the scheme that hosts show, the default one.
+bool isDefaultColorScope(const IndexedElement &scope)
 {
-    const IndexedElement container = document.first(ElementName::ClassificationColorScopes);
-    std::vector<IndexedElement> scopes = container.all(ElementName::ClassificationColorScope);
-    const auto isOther = [](const IndexedElement &scope) {
-        return scope.attribute(QStringLiteral("Name")) != QLatin1String("ClassColorDefault");
-    };
-    scopes.erase(std::remove_if(scopes.begin(), scopes.end(), isOther), scopes.end());
-    return scopes;
+    return scope.attribute(QStringLiteral("Name")) == QLatin1String("ClassColorDefault");
+}
+
+/// All scopes of colours, whatever their scheme.
+IndexedElements colorScopes(const DocumentIndex &document)
+{
+    return document.first(ElementName::ClassificationColorScopes).all(ElementName::ClassificationColorScope);
 }
 
 /// Whether what the reader would make of a document keeps within the limits, where containers may stand in
 /// each other and share what they hold.
 bool isWithinLimits(const DocumentIndex &document)
 {
-    std::size_t bands = 0;
-    for (const auto &scope : defaultColorScopes(document)) {
-        bands += scope.all(ElementName::ClassificationColor).size();
+    qint64 bands = 0;
+    for (const auto &scope : colorScopes(document)) {
+        bands += isDefaultColorScope(scope) ? scope.all(ElementName::ClassificationColor).count() : 0;
     }
-    return bands <= Limits::legendItems &&
+    return bands <= Limits::legendItems && document.all(ElementName::View).count() <= Limits::views &&
+           document.all(ElementName::ValueList).count() <= Limits::lists &&
            document.countWithinEach(ElementName::View, ElementName::Column) <= Limits::columns &&
            document.countWithinEach(ElementName::ValueList, ElementName::ValueListItem) <= Limits::listItems;
 }
+
+/// A template file that is followed by the index of the document that a parser makes of it.
+class FollowedFile : public TemplateFile
+{
+public:
+    explicit FollowedFile(DocumentIndex &document) : m_document(document) {}
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        m_document.follow();
+        return TemplateFile::readData(data, maxSize);
+    }
+
+private:
+    DocumentIndex &m_document;
+};
 
 } // namespace
 
@@ -180,7 +198,12 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
     m_defaultValues.clear();
     m_rawData = &rawData;
 
-    TemplateFile file;
+    std::deque<ColumnRecord> records;
+    DocumentIndex document(m_document, [&](const IndexedElement &column) {
+        records.push_back(readColumn(column));
+        return static_cast<int>(records.size() - 1);
+    });
+    FollowedFile file(document);
     if (!file.openTemplate(fileName)) {
         return false;
     }
@@ -189,23 +212,11 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
     int faultColumn = 0;
     m_document.setContent(&file, false, nullptr, &faultLine, &faultColumn);
     file.close();
+    document.finish();
     const bool isTooMuch = !file.excess().isEmpty() && !file.isFaultBeforeExcess(faultLine, faultColumn);
-    if (isTooMuch || !readDocument()) {
+    if (isTooMuch || !isWithinLimits(document)) {
         m_document.clear();
-        readDocument();
-    }
-    return true;
-}
-
-bool NewTemplateXMLReader::readDocument()
-{
-    std::deque<ColumnRecord> records;
-    const DocumentIndex document(m_document, [&](const IndexedElement &column) {
-        records.push_back(readColumn(column));
-        return static_cast<int>(records.size() - 1);
-    });
-    if (!isWithinLimits(document)) {
-        return false;
+        document.clear();
     }
     readTemplateData(document);
     readValueLists(document);
@@ -285,13 +296,13 @@ void NewTemplateXMLReader::readValueListItems(const IndexedElement &valueList)
         item->setItem(element.attribute(QStringLiteral("Key")));
         item->setInternalValue(element.attribute(QStringLiteral("InternalKey")));
         item->setSortOrder(element.intAttribute(QStringLiteral("OrdinalIndex")));
-        item->setCaption(textItemBelow(element, ElementName::Captions));
+        item->setCaption(textItemOf(element.first(ElementName::Captions)));
         m_rawData->listItems.insertMulti(listName, item.release());
     }
 }
 
 void NewTemplateXMLReader::readProgramView(const DocumentIndex &document,
-                                           const std::deque<ColumnRecord> &records)
+                                           std::deque<ColumnRecord> &records)
 {
     // Columns look their defaults up when their view is made.
     readDefaultValues(document);
@@ -315,6 +326,7 @@ void NewTemplateXMLReader::readProgramView(const DocumentIndex &document,
 
 ColumnRecord NewTemplateXMLReader::readColumn(const IndexedElement &column)
 {
+    const FirstElements parts(column);
     ColumnRecord record;
     CColumnData &data = record.data;
     data.dataType = m_dataTypes[column.attribute(QStringLiteral("DataType"))];
@@ -325,43 +337,43 @@ ColumnRecord NewTemplateXMLReader::readColumn(const IndexedElement &column)
     data.isValueTransfer =
         CTemplateDataConverter::stringToBool(column.attribute(QStringLiteral("ValueTransfer")));
     data.unit = column.sharedAttribute(QStringLiteral("Unit"));
-    data.caption = textItemBelow(column, ElementName::Caption);
-    data.toolTip = textItemBelow(column, ElementName::ToolTip);
-    data.dataSource = column.first(ElementName::ValueListName).sharedText();
-    data.displayFormat = column.first(ElementName::DisplayFormat)
+    data.caption = textItemOf(parts[ElementName::Caption]);
+    data.toolTip = textItemOf(parts[ElementName::ToolTip]);
+    data.dataSource = parts[ElementName::ValueListName].sharedText();
+    data.displayFormat = parts[ElementName::DisplayFormat]
                              .first(ElementName::ValueFormatItem)
                              .sharedAttribute(QStringLiteral("Format"));
-    readRestrictions(column, data);
+    readRestrictions(parts, data);
 
-    const IndexedElement bound = column.first(ElementName::BoundProperty);
+    const IndexedElement bound = parts[ElementName::BoundProperty];
     const IndexedElement reference = bound.first(ElementName::RefersTo);
-    data.boundColumn = bound.attribute(QStringLiteral("PropertyName"));
-    data.tableName = bound.sharedAttribute(QStringLiteral("ObjectName"));
+    record.ownColumn = bound.attribute(QStringLiteral("PropertyName"));
+    record.ownTable = bound.sharedAttribute(QStringLiteral("ObjectName"));
     record.hasReference = !reference.isNull();
     if (record.hasReference) {
         const QString display = reference.attribute(QStringLiteral("DisplayPropertyName"));
         record.showsKey = isKey(display);
-        record.shownColumn = shownPath(data.boundColumn, display);
+        record.shownColumn = shownPath(record.ownColumn, display);
         record.shownTable = reference.sharedAttribute(QStringLiteral("ObjectName"));
     }
     return record;
 }
 
-void NewTemplateXMLReader::readColumns(const IndexedElement &view, const std::deque<ColumnRecord> &records,
+void NewTemplateXMLReader::readColumns(const IndexedElement &view, std::deque<ColumnRecord> &records,
                                        QList<CTemplateColumn *> &columns)
 {
     const QString viewId = view.attribute(QStringLiteral("Id"));
     const QString viewName = view.attribute(QStringLiteral("Name"));
     const bool isDetailView = view.attribute(QStringLiteral("Kind")) == QLatin1String("Detail");
     const auto elements = view.all(ElementName::Column);
-    columns.reserve(static_cast<int>(elements.size()));
+    columns.reserve(elements.count());
     for (const auto &element : elements) {
-        const ColumnRecord &record = records[static_cast<std::size_t>(element.columnRecord())];
-        CColumnData data = record.data;
+        ColumnRecord &record = records[static_cast<std::size_t>(element.columnRecord())];
+        bindColumn(record, isDetailView);
+        CColumnData &data = record.data;
         data.viewRef = viewId;
-        applyReference(record, isDetailView, data);
         data.typeFlags = static_cast<CTemplateColumn::TypeFlags>(m_valueListTypes[data.dataSource]);
-        data.defaultValue = m_defaultValues[{data.boundColumn, viewName}];
+        data.defaultValue = m_defaultValues.value({data.boundColumn, viewName});
         if (!isExcluded(data)) {
             // Null for a column of unknown data type: the view keeps its place.
             columns.append(CTemplateBuilder::buildColumn(data));
@@ -389,8 +401,10 @@ void NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
 
 void NewTemplateXMLReader::readLegendLists(const DocumentIndex &document)
 {
-    for (const auto &scope : defaultColorScopes(document)) {
-        readLegendListItem(scope, scope.attribute(QStringLiteral("Scope")));
+    for (const auto &scope : colorScopes(document)) {
+        if (isDefaultColorScope(scope)) {
+            readLegendListItem(scope, scope.attribute(QStringLiteral("Scope")));
+        }
     }
 }
 
@@ -401,8 +415,8 @@ void NewTemplateXMLReader::readLegendListItem(const IndexedElement &scope, QStri
         item.numberFrom = element.doubleAttribute(QStringLiteral("From"));
         item.numberTo = element.doubleAttribute(QStringLiteral("To"));
         item.color = element.first(ElementName::Color).attribute(QStringLiteral("Html"));
-        item.textA = textItemBelow(element, ElementName::TextA);
-        item.textB = textItemBelow(element, ElementName::TextB);
+        item.textA = textItemOf(element.first(ElementName::TextA));
+        item.textB = textItemOf(element.first(ElementName::TextB));
         if (scopeName == QLatin1String("Lateral")) {
             m_rawData->legendB.append(item);
         } else if (scopeName == QLatin1String("Section")) {

@@ -38,8 +38,6 @@ public:
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:
-    bool readDocument();
-
     void readTemplateData(const DocumentIndex &document);
     void readClassificationColorPreset(const DocumentIndex &document);
     void readCatalogs(const DocumentIndex &document);
@@ -47,9 +45,9 @@ private:
     void readValueLists(const DocumentIndex &document);
     void readValueListItems(const IndexedElement &valueList);
 
-    void readProgramView(const DocumentIndex &document, const std::deque<ColumnRecord> &records);
+    void readProgramView(const DocumentIndex &document, std::deque<ColumnRecord> &records);
     ColumnRecord readColumn(const IndexedElement &column);
-    void readColumns(const IndexedElement &view, const std::deque<ColumnRecord> &records,
+    void readColumns(const IndexedElement &view, std::deque<ColumnRecord> &records,
                      QList<CTemplateColumn *> &columns);
     void readDefaultValues(const DocumentIndex &document);
 

@@ -57,7 +57,8 @@ bool CTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &raw
             return false;
         }
     }
-    return m_xml->error() == QXmlStreamReader::NoError && m_file->excess().isEmpty();
+    return m_xml->error() == QXmlStreamReader::NoError && m_file->excess().isEmpty() &&
+           m_rawData->listItems.uniqueKeys().size() <= Limits::lists;
 }
 
 bool CTemplateXMLReader::readSectionAtStartTag()
@@ -106,7 +107,7 @@ bool CTemplateXMLReader::readProgramView()
     // Of several views with one id the last counts.
     delete filed;
     filed = view.release();
-    return true;
+    return m_rawData->programViews.size() <= Limits::views;
 }
 
 bool CTemplateXMLReader::readListItem()
@@ -183,8 +184,9 @@ bool CTemplateXMLReader::readLegendItems() const
             legend->last().textB = ownText(m_xml->text());
         }
     };
-    return walkSection(*m_xml, CTemplateTokenizer::stringToLegendToken, TextRule::EveryWithinElement, onStart,
-                       onText);
+    const bool isComplete = walkSection(*m_xml, CTemplateTokenizer::stringToLegendToken,
+                                        TextRule::EveryWithinElement, onStart, onText);
+    return isComplete && m_rawData->legendA.size() + m_rawData->legendB.size() <= Limits::legendItems;
 }
 
 } // namespace Tobrix::Templates

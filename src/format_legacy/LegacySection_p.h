@@ -3,7 +3,7 @@
 #include "format_legacy/LegacyFields_p.h"
 #include "format_legacy/LegacyXmlStream_p.h"
 #include "rawdata/CTemplateDataConverter.h"
-#include "rawdata/DecimalInt_p.h"
+#include "rawdata/PlainNumbers_p.h"
 #include "rawdata/TextPool_p.h"
 
 #include <QStringRef>
@@ -91,7 +91,7 @@ Value converted(const QStringRef &text)
     } else if constexpr (std::is_same_v<Value, bool>) {
         return CTemplateDataConverter::stringToBool(text);
     } else if constexpr (std::is_same_v<Value, double>) {
-        return text.toDouble(nullptr);
+        return toDecimalDouble(text);
     } else {
         return static_cast<Value>(toDecimalInt(text));
     }

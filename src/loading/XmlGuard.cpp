@@ -14,6 +14,12 @@ bool isSpace(char c)
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
+/// Letters stand behind all that is markup in ASCII.
+bool isNameLetter(char c)
+{
+    return static_cast<unsigned char>(c) > static_cast<unsigned char>('>');
+}
+
 const char *find(char c, const char *at, const char *end)
 {
     const void *found = std::memchr(at, c, static_cast<std::size_t>(end - at));
@@ -125,9 +131,9 @@ const char *XmlGuard::followToTerminator(char repeated, int count, const char *a
 
 const char *XmlGuard::followStartTag(const char *at, const char *end)
 {
-    // Nearly all of a template's tags are a name and no more, and the letters stand behind '>' in ASCII.
+    // Nearly all of a template's tags are a name and no more.
     while (m_isInElementName && at != end) {
-        m_isInElementName = static_cast<unsigned char>(*at) > static_cast<unsigned char>('>');
+        m_isInElementName = isNameLetter(*at);
         if (m_isInElementName) {
             m_previousInTag = *at++;
         }
