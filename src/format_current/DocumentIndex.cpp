@@ -73,23 +73,18 @@ void DocumentIndex::finish()
 
 bool DocumentIndex::advance()
 {
-    const QDomNode child = m_depth == 0 ? m_document.firstChild() : m_node.firstChild();
-    if (!child.isNull()) {
-        m_node = child;
-        ++m_depth;
-        return true;
+    int depth = m_depth + 1;
+    QDomNode next = m_depth == 0 ? m_document.firstChild() : m_node.firstChild();
+    for (QDomNode last = m_node; next.isNull() && depth > 1; last = last.parentNode()) {
+        next = last.nextSibling();
+        --depth;
     }
-    QDomNode node = m_node;
-    for (int depth = m_depth; depth > 0; --depth) {
-        const QDomNode sibling = node.nextSibling();
-        if (!sibling.isNull()) {
-            m_node = sibling;
-            m_depth = depth;
-            return true;
-        }
-        node = node.parentNode();
+    if (next.isNull()) {
+        return false;
     }
-    return false;
+    m_node = next;
+    m_depth = depth;
+    return true;
 }
 
 void DocumentIndex::open(const QDomElement &element)

@@ -161,7 +161,11 @@ bool isWithinLimits(const DocumentIndex &document)
 class FollowedFile : public TemplateFile
 {
 public:
-    explicit FollowedFile(DocumentIndex &document) : m_document(document) {}
+    // White space between tags is nothing to the document.
+    explicit FollowedFile(DocumentIndex &document)
+        : TemplateFile(Indentation::LeftOut), m_document(document)
+    {
+    }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override

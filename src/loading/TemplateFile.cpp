@@ -90,7 +90,7 @@ DeclaredEncoding declaredEncoding(const QString &declaration)
 
 } // namespace
 
-TemplateFile::TemplateFile() = default;
+TemplateFile::TemplateFile(Indentation indentation) : m_indentation(indentation) {}
 
 TemplateFile::~TemplateFile() = default;
 
@@ -99,6 +99,9 @@ bool TemplateFile::openTemplate(const QString &path)
     close();
     setFileName(path);
     m_guard = XmlGuard();
+    if (m_indentation == Indentation::LeftOut) {
+        m_guard.noteIndentation();
+    }
     m_decoder.reset();
     m_size = 0;
     m_heldBack.clear();
@@ -140,11 +143,11 @@ qint64 TemplateFile::readData(char *data, qint64 maxSize)
     if (size <= 0) {
         return size;
     }
-    const qint64 allowed = follow(QByteArray::fromRawData(data, static_cast<int>(size)));
+    const qint64 allowed = follow(data, size);
     if (!m_guard.isInDocumentType()) {
         return allowed;
     }
-    holdBackDocumentType(QByteArray(data, static_cast<int>(size)));
+    holdBackDocumentType(QByteArray(data, static_cast<int>(allowed)));
     return takeHeldBack(data, maxSize);
 }
 
@@ -159,7 +162,7 @@ void TemplateFile::holdBackDocumentType(const QByteArray &beginning)
             break;
         }
         m_heldBack.append(chunk.constData(), static_cast<int>(size));
-        follow(QByteArray::fromRawData(chunk.constData(), static_cast<int>(size)));
+        follow(chunk.data(), size);
     }
     if (m_guard.isInDocumentType() && m_excess.isEmpty()) {
         m_excess = QStringLiteral("a document type without an end");
@@ -177,35 +180,65 @@ qint64 TemplateFile::takeHeldBack(char *data, qint64 maxSize)
     return size;
 }
 
-qint64 TemplateFile::follow(const QByteArray &chunk)
+qint64 TemplateFile::follow(char *data, qint64 size)
 {
     if (m_size == 0) {
-        chooseDecoder(chunk.left(xmlDeclarationSize));
+        chooseDecoder(QByteArray(data, static_cast<int>(std::min<qint64>(size, xmlDeclarationSize))));
     }
-    m_size += chunk.size();
+    m_size += size;
     requireSize(m_size);
     if (!m_excess.isEmpty()) {
         return 0;
     }
-    const QByteArray bytes = m_decoder ? m_decoder->toUnicode(chunk).toUtf8() : chunk;
-    const qint64 followed = m_guard.follow(bytes.constData(), bytes.size());
-    m_excess = m_guard.excess();
-    countPlace(QByteArray::fromRawData(bytes.constData(), static_cast<int>(followed)));
-    if (m_excess.isEmpty()) {
-        return chunk.size();
-    }
-    // Where in the bytes something is too much cannot be told from where it is in their text, and what
-    // stands before it may be of the entities that are too much.
-    return m_decoder || m_guard.hasDocumentType() ? 0 : followed;
+    const qint64 allowed = m_decoder ? followEncoded(QByteArray::fromRawData(data, static_cast<int>(size)))
+                                     : followPlain(data, size);
+    // What stands before the place where something is too much may be of the entities that are too much.
+    return !m_excess.isEmpty() && m_guard.hasDocumentType() ? 0 : allowed;
 }
 
-void TemplateFile::countPlace(const QByteArray &utf8)
+qint64 TemplateFile::followEncoded(const QByteArray &chunk)
 {
-    m_line += static_cast<int>(std::count(utf8.cbegin(), utf8.cend(), '\n'));
+    const QByteArray utf8 = m_decoder->toUnicode(chunk).toUtf8();
+    const qint64 followed = m_guard.follow(utf8.constData(), utf8.size());
+    m_excess = m_guard.excess();
+    countPlace(utf8.constData(), followed);
+    // Where in the bytes something is too much cannot be told from where it is in their text.
+    return m_excess.isEmpty() ? chunk.size() : 0;
+}
+
+qint64 TemplateFile::followPlain(char *data, qint64 size)
+{
+    const qint64 followed = leaveOutIndentation(data, m_guard.follow(data, size));
+    m_excess = m_guard.excess();
+    countPlace(data, followed);
+    return followed;
+}
+
+qint64 TemplateFile::leaveOutIndentation(char *data, qint64 size) const
+{
+    char *target = data;
+    const char *source = data;
+    const auto move = [&](const char *end) {
+        const auto count = static_cast<std::size_t>(end - source);
+        std::memmove(target, source, count);
+        target += count;
+    };
+    for (const auto &blanks : m_guard.indentation()) {
+        move(data + blanks.begin);
+        source = data + blanks.end;
+    }
+    move(data + size);
+    return target - data;
+}
+
+void TemplateFile::countPlace(const char *utf8, qint64 size)
+{
+    m_line += static_cast<int>(std::count(utf8, utf8 + size, '\n'));
     // The column matters only where something is too much.
     if (!m_excess.isEmpty()) {
-        const int lineStart = utf8.lastIndexOf('\n') + 1;
-        m_column = QString::fromUtf8(utf8.mid(lineStart)).size() + 1;
+        const QByteArray bytes = QByteArray::fromRawData(utf8, static_cast<int>(size));
+        const int lineStart = bytes.lastIndexOf('\n') + 1;
+        m_column = QString::fromUtf8(bytes.mid(lineStart)).size() + 1;
     }
 }
 

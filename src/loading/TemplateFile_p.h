@@ -16,7 +16,10 @@ namespace Tobrix::Templates {
 class TemplateFile : public QFile
 {
 public:
-    TemplateFile();
+    /// What becomes of blanks before markup: a parser that makes nothing of them is faster without them.
+    enum class Indentation { Kept, LeftOut };
+
+    explicit TemplateFile(Indentation indentation = Indentation::Kept);
     ~TemplateFile() override;
 
     /// Closes the file that was open and opens another one for reading.
@@ -25,7 +28,8 @@ public:
 
     /// What is too much in the file, in words; empty when nothing was as far as the file has been read.
     QString excess() const { return m_excess; }
-    /// The line and the column, from 1, in which it is too much.
+    /// The line and the column, from 1, in which it is too much; the column without indentation where that is
+    /// left out.
     int excessLine() const { return m_line; }
     int excessColumn() const { return m_column; }
 
@@ -41,11 +45,15 @@ protected:
 private:
     void holdBackDocumentType(const QByteArray &beginning);
     qint64 takeHeldBack(char *data, qint64 maxSize);
-    qint64 follow(const QByteArray &chunk);
-    void countPlace(const QByteArray &utf8);
+    qint64 follow(char *data, qint64 size);
+    qint64 followEncoded(const QByteArray &chunk);
+    qint64 followPlain(char *data, qint64 size);
+    qint64 leaveOutIndentation(char *data, qint64 size) const;
+    void countPlace(const char *utf8, qint64 size);
     void requireSize(qint64 size);
     void chooseDecoder(const QByteArray &beginning);
 
+    const Indentation m_indentation;
     XmlGuard m_guard;
     std::unique_ptr<QTextDecoder> m_decoder; // null for bytes in which markup stands in ASCII
     qint64 m_size = 0;

@@ -30,6 +30,8 @@ const char *find(char c, const char *at, const char *end)
 
 qint64 XmlGuard::follow(const char *bytes, qint64 size)
 {
+    m_bytes = bytes;
+    m_indentation.clear();
     const char *at = bytes;
     const char *const end = bytes + size;
     while (at != end && m_excess.isEmpty()) {
@@ -65,8 +67,27 @@ const char *XmlGuard::followState(const char *at, const char *end)
     return end;
 }
 
+const char *XmlGuard::followWhiteSpace(const char *at, const char *end)
+{
+    const char *lineBegin = at;
+    for (; at != end && isSpace(*at); ++at) {
+        if (*at == '\n') {
+            lineBegin = at + 1;
+        }
+    }
+    m_isBehindMarkup = at == end;
+    if (at != end && *at == '<' && lineBegin != at) {
+        m_indentation.push_back({lineBegin - m_bytes, at - m_bytes});
+    }
+    return at;
+}
+
 const char *XmlGuard::followText(const char *at, const char *end)
 {
+    // Entities may stand for white space, too.
+    if (m_isBehindMarkup && m_notesIndentation && !m_hasDocumentType) {
+        at = followWhiteSpace(at, end);
+    }
     at = findBehindReferences('<', at, end);
     if (at == end) {
         return at;
@@ -274,6 +295,7 @@ void XmlGuard::enter(State state)
     m_state = state;
     m_isInReference = false;
     m_terminatorMatched = 0;
+    m_isBehindMarkup = true;
     if (state == State::Declaration) {
         m_declaration.clear();
     } else if (state == State::DocumentType) {

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <array>
+#include <vector>
 
 namespace Tobrix::Templates {
 
@@ -24,6 +25,19 @@ public:
 
     /// What is too much, in words; empty as long as nothing is.
     QString excess() const { return m_excess; }
+
+    /// A run of the bytes followed last.
+    struct Run
+    {
+        qint64 begin;
+        qint64 end;
+    };
+
+    /// From now on, notes indentation.
+    void noteIndentation() { m_notesIndentation = true; }
+    /// The blanks before markup among the bytes followed last, where there is nothing but white space since the
+    /// markup before it. Line breaks are not among them.
+    const std::vector<Run> &indentation() const { return m_indentation; }
 
     /// Whether the bytes are whole: they end outside of all markup, and all elements are closed, and were
     /// open before that.
@@ -53,6 +67,7 @@ private:
     };
 
     const char *followState(const char *at, const char *end);
+    const char *followWhiteSpace(const char *at, const char *end);
     const char *followText(const char *at, const char *end);
     const char *followMarkup(const char *at);
     const char *followDeclaration(const char *at);
@@ -81,6 +96,11 @@ private:
 
     State m_state = State::Text;
     QString m_excess;
+
+    bool m_notesIndentation = false;
+    bool m_isBehindMarkup = true; // with nothing but white space in between
+    const char *m_bytes = nullptr;
+    std::vector<Run> m_indentation;
 
     int m_depth = 0;
     int m_deepest = 0;
