@@ -60,7 +60,7 @@ void DocumentIndex::follow()
     while (advance()) {
         closeFrom(m_depth);
         if (m_node.isElement()) {
-            open(m_node.toElement());
+            open(m_node);
         }
     }
 }
@@ -73,25 +73,40 @@ void DocumentIndex::finish()
 
 bool DocumentIndex::advance()
 {
-    int depth = m_depth + 1;
-    QDomNode next = m_depth == 0 ? m_document.firstChild() : m_node.firstChild();
-    for (QDomNode last = m_node; next.isNull() && depth > 1; last = last.parentNode()) {
-        next = last.nextSibling();
-        --depth;
+    const QDomNode child = m_depth == 0 ? m_document.firstChild() : m_node.firstChild();
+    if (!child.isNull()) {
+        m_node = child;
+        ++m_depth;
+        return true;
     }
-    if (next.isNull()) {
-        return false;
+    const QDomNode sibling = m_node.nextSibling();
+    if (!sibling.isNull()) {
+        m_node = sibling;
+        return true;
     }
-    m_node = next;
-    m_depth = depth;
-    return true;
+    return advanceBehindParent();
 }
 
-void DocumentIndex::open(const QDomElement &element)
+bool DocumentIndex::advanceBehindParent()
 {
-    if (const ElementName *name = elementNameOf(element.tagName())) {
+    QDomNode parent = m_node.parentNode();
+    for (int depth = m_depth - 1; depth > 0; --depth) {
+        const QDomNode sibling = parent.nextSibling();
+        if (!sibling.isNull()) {
+            m_node = sibling;
+            m_depth = depth;
+            return true;
+        }
+        parent = parent.parentNode();
+    }
+    return false;
+}
+
+void DocumentIndex::open(const QDomNode &node)
+{
+    if (const ElementName *name = elementNameOf(node.nodeName())) {
         m_open.push_back({size(), m_depth});
-        m_entries.push_back({element, 0, 0, *name});
+        m_entries.push_back({node.toElement(), 0, 0, *name});
     }
 }
 

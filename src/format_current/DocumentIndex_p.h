@@ -76,7 +76,8 @@ private:
     const Entry &at(int position) const { return m_entries[static_cast<std::size_t>(position)]; }
 
     bool advance();
-    void open(const QDomElement &element);
+    bool advanceBehindParent();
+    void open(const QDomNode &node);
     void closeFrom(int depth);
     void closeColumn(int position);
 

@@ -233,7 +233,13 @@ qint64 TemplateFile::leaveOutIndentation(char *data, qint64 size) const
 
 void TemplateFile::countPlace(const char *utf8, qint64 size)
 {
-    m_line += static_cast<int>(std::count(utf8, utf8 + size, '\n'));
+    const char *const end = utf8 + size;
+    const auto *newline = utf8;
+    while ((newline = static_cast<const char *>(
+                std::memchr(newline, '\n', static_cast<std::size_t>(end - newline))))) {
+        ++m_line;
+        ++newline;
+    }
     // The column matters only where something is too much.
     if (!m_excess.isEmpty()) {
         const QByteArray bytes = QByteArray::fromRawData(utf8, static_cast<int>(size));

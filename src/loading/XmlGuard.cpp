@@ -14,12 +14,6 @@ bool isSpace(char c)
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
-/// Letters stand behind all that is markup in ASCII.
-bool isNameLetter(char c)
-{
-    return static_cast<unsigned char>(c) > static_cast<unsigned char>('>');
-}
-
 const char *find(char c, const char *at, const char *end)
 {
     const void *found = std::memchr(at, c, static_cast<std::size_t>(end - at));
@@ -103,6 +97,7 @@ const char *XmlGuard::followMarkup(const char *at)
         enter(State::EndTag);
         return at + 1;
     case '!':
+        m_declaration.clear();
         enter(State::Declaration);
         return at + 1;
     case '?':
@@ -127,6 +122,9 @@ const char *XmlGuard::followDeclaration(const char *at)
     for (const auto &declaration : declarations) {
         if (m_declaration == declaration.keyword) {
             enter(declaration.state);
+            if (declaration.state == State::DocumentType) {
+                beginDocumentType();
+            }
             return at + 1;
         }
         isPossible = isPossible || declaration.keyword.startsWith(m_declaration);
@@ -152,12 +150,8 @@ const char *XmlGuard::followToTerminator(char repeated, int count, const char *a
 
 const char *XmlGuard::followStartTag(const char *at, const char *end)
 {
-    // Nearly all of a template's tags are a name and no more.
-    while (m_isInElementName && at != end) {
-        m_isInElementName = isNameLetter(*at);
-        if (m_isInElementName) {
-            m_previousInTag = *at++;
-        }
+    if (m_previousInTag == 0) {
+        at = skipElementName(at, end);
     }
     for (; at != end; ++at) {
         const char c = *at;
@@ -175,6 +169,23 @@ const char *XmlGuard::followStartTag(const char *at, const char *end)
         nameAttribute(c);
         m_previousInTag = c;
     }
+    return at;
+}
+
+const char *XmlGuard::skipElementName(const char *at, const char *end)
+{
+    const char *const begin = at;
+    // Many of a template's tags are a name and no more.
+    const char *const tagEnd = find('>', at, end);
+    if (tagEnd != end && find('=', at, tagEnd) == tagEnd) {
+        at = tagEnd;
+    } else {
+        // Letters stand behind all that is markup in ASCII.
+        while (at != end && static_cast<unsigned char>(*at) > static_cast<unsigned char>('>')) {
+            ++at;
+        }
+    }
+    m_previousInTag = at == begin ? '\0' : at[-1];
     return at;
 }
 
@@ -296,15 +307,15 @@ void XmlGuard::enter(State state)
     m_isInReference = false;
     m_terminatorMatched = 0;
     m_isBehindMarkup = true;
-    if (state == State::Declaration) {
-        m_declaration.clear();
-    } else if (state == State::DocumentType) {
-        require(!m_hasDocumentType, "more than one document type");
-        m_hasDocumentType = true;
-        m_documentTypeText.clear();
-        m_documentTypeBrackets = 0;
-        m_documentTypeQuote = 0;
-    }
+}
+
+void XmlGuard::beginDocumentType()
+{
+    require(!m_hasDocumentType, "more than one document type");
+    m_hasDocumentType = true;
+    m_documentTypeText.clear();
+    m_documentTypeBrackets = 0;
+    m_documentTypeQuote = 0;
 }
 
 void XmlGuard::openElement()
@@ -314,7 +325,6 @@ void XmlGuard::openElement()
     m_attributes = 0;
     m_attributeNameSize = 0;
     m_isAttributeNameComplete = false;
-    m_isInElementName = true;
     ++m_depth;
     m_deepest = std::max(m_deepest, m_depth);
     require(m_depth <= Limits::depth, "more than %1 elements in each other", Limits::depth);

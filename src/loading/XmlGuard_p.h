@@ -73,6 +73,7 @@ private:
     const char *followDeclaration(const char *at);
     const char *followToTerminator(char repeated, int count, const char *at, const char *end);
     const char *followStartTag(const char *at, const char *end);
+    const char *skipElementName(const char *at, const char *end);
     const char *followAttributeValue(const char *at, const char *end);
     const char *followEndTag(const char *at, const char *end);
     const char *followDocumentType(const char *at, const char *end);
@@ -82,6 +83,7 @@ private:
     void followReference(char c);
 
     void enter(State state);
+    void beginDocumentType();
     void openElement();
     void closeElement();
     void countElements(qint64 elements);
@@ -109,7 +111,6 @@ private:
     int m_terminatorMatched = 0;
     QByteArray m_declaration;
 
-    bool m_isInElementName = false;
     char m_previousInTag = 0;
     char m_quote = 0;
     int m_attributes = 0;

@@ -6,7 +6,7 @@
 
 #include "host/CLogger.h"
 
-#include <QHash>
+#include <QMap>
 
 #include <algorithm>
 #include <cmath>
@@ -46,7 +46,9 @@ public:
     QString listNamePrefix;
     QString defaultSecClassName;
     QString defaultSecColorField;
-    QHash<QString, QList<CListItem *>> itemLists;
+    // A map rather than a hash: no file can choose names that fall together in it, and it is freed in small
+    // pieces, where a hash's large table would set off the clean-up of all that the reader has freed.
+    QMap<QString, QList<CListItem *>> itemLists;
     QList<CProgramView *> programViews;
     QList<CTemplateLegendDataItem> legendA;
     QList<CTemplateLegendDataItem> legendB;
