@@ -108,6 +108,8 @@ bool TemplateFile::openTemplate(const QString &path)
     m_excess.clear();
     m_line = 1;
     m_column = 1;
+    m_givenLine = 1;
+    m_givenColumn = 1;
     if (path.startsWith(QLatin1Char(':'))) {
         return !QFileInfo(path).isDir() && open(QIODevice::ReadOnly);
     }
@@ -131,7 +133,7 @@ bool TemplateFile::isFaultBeforeExcess(int line, int column) const
 {
     // A parser that has come to the end of what it was given stops there, or next to it.
     constexpr int nextToIt = 2;
-    return line > 0 && (line < m_line || (line == m_line && column + nextToIt < m_column));
+    return line > 0 && (line < m_givenLine || (line == m_givenLine && column + nextToIt < m_givenColumn));
 }
 
 qint64 TemplateFile::readData(char *data, qint64 maxSize)
@@ -145,9 +147,11 @@ qint64 TemplateFile::readData(char *data, qint64 maxSize)
     }
     const qint64 allowed = follow(data, size);
     if (!m_guard.isInDocumentType()) {
+        countGiven(allowed);
         return allowed;
     }
     holdBackDocumentType(QByteArray(data, static_cast<int>(allowed)));
+    countGiven(m_heldBack.size());
     return takeHeldBack(data, maxSize);
 }
 
@@ -245,6 +249,14 @@ void TemplateFile::countPlace(const char *utf8, qint64 size)
         const QByteArray bytes = QByteArray::fromRawData(utf8, static_cast<int>(size));
         const int lineStart = bytes.lastIndexOf('\n') + 1;
         m_column = QString::fromUtf8(bytes.mid(lineStart)).size() + 1;
+    }
+}
+
+void TemplateFile::countGiven(qint64 size)
+{
+    if (size > 0) {
+        m_givenLine = m_line;
+        m_givenColumn = m_column;
     }
 }
 

@@ -50,6 +50,7 @@ private:
     qint64 followPlain(char *data, qint64 size);
     qint64 leaveOutIndentation(char *data, qint64 size) const;
     void countPlace(const char *utf8, qint64 size);
+    void countGiven(qint64 size);
     void requireSize(qint64 size);
     void chooseDecoder(const QByteArray &beginning);
 
@@ -61,6 +62,9 @@ private:
     QString m_excess;
     int m_line = 1;
     int m_column = 1;
+    // What is too much may be held back, together with much that stands before it.
+    int m_givenLine = 1;
+    int m_givenColumn = 1;
 };
 
 } // namespace Tobrix::Templates
