@@ -196,10 +196,14 @@ bool PlainTemplateReader::readFile(const QString &fileName, CTemplateRawData &ra
     if (!file.openTemplate(fileName)) {
         return false;
     }
-    // A file that is not well-formed leaves what stands before the fault, one past the limits nothing.
-    m_document.setContent(&file, false);
+    // A file that is not well-formed leaves what stands before the fault, one past the limits nothing. What a
+    // fault makes look like too much is no more than a fault.
+    int faultLine = 0;
+    int faultColumn = 0;
+    m_document.setContent(&file, false, nullptr, &faultLine, &faultColumn);
     file.close();
-    if (!file.excess().isEmpty() || !isWithinLimits()) {
+    const bool isTooMuch = !file.excess().isEmpty() && !file.isFaultBeforeExcess(faultLine, faultColumn);
+    if (isTooMuch || !isWithinLimits()) {
         m_document.clear();
     }
     readDocument();

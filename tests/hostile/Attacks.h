@@ -2,6 +2,8 @@
 
 #include "Markup.h"
 
+#include "loading/Limits_p.h"
+
 #include <functional>
 #include <vector>
 
@@ -18,6 +20,11 @@ enum class Outcome {
     Bounded
 };
 
+namespace Limits = Tobrix::Templates::Limits;
+
+/// The root is an element as well.
+constexpr int deepestBelowRoot = Limits::depth - 1;
+
 /// A document that is meant to do harm.
 struct Attack
 {
@@ -25,14 +32,13 @@ struct Attack
     Outcome outcome;
     std::function<QByteArray()> document;
     Format format;
-    bool isBig = false; ///< takes the sanitizers long
 };
 
 using Attacks = std::vector<Attack>;
 
 /// Adds an attack once for each format.
 void addForBoth(Attacks &attacks, const QByteArray &name, Outcome outcome,
-                const std::function<QByteArray(Format)> &document, bool isBig = false);
+                const std::function<QByteArray(Format)> &document);
 
 /// Elements, parentheses and document types in each other.
 Attacks nestingAttacks();

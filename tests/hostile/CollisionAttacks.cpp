@@ -103,7 +103,7 @@ void add(Attacks &attacks, const QByteArray &name, Format format, const QByteArr
             return document(format, body);
         };
         attacks.push_back(
-            {QByteArray::number(count) + " colliding " + name, Outcome::Bounded, makeDocument, format, true});
+            {QByteArray::number(count) + " colliding " + name, Outcome::Bounded, makeDocument, format});
     }
 }
 

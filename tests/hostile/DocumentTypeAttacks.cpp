@@ -19,6 +19,14 @@ QByteArray chain(int length, const QByteArray &text = "x")
     });
 }
 
+/// Entities that hold an element each, and in it a reference to the next one.
+QByteArray elementChain(int length)
+{
+    return numbered(length, [](const QByteArray &i) {
+        return entity('e' + i, "<a>&e" + QByteArray::number(i.toInt() + 1) + ";</a>");
+    });
+}
+
 /// Entities that refer to the next one several times.
 QByteArray tree(int height, int width)
 {
@@ -43,10 +51,12 @@ void addLimits(Attacks &attacks)
     add(attacks, "document type of 20 MB", Outcome::Refused, documentTypeOfSize(20'000'000));
     add(attacks, "as many declarations as may be", Outcome::Read, documentType(repeated("<!---->", 100)));
     add(attacks, "one declaration too many", Outcome::Refused, documentType(repeated("<!---->", 101)));
-    for (const int depth : {16, 17, 2'000, 7'000}) {
-        const QByteArray model = repeated("(", depth) + 'b' + repeated(")", depth);
-        add(attacks, "content model of depth " + QByteArray::number(depth),
-            depth <= 16 ? Outcome::Read : Outcome::Refused, documentType("<!ELEMENT a " + model + '>'));
+    for (const int depth : {16, 17, 1'000, 7'000, 10'000, 100'000, 1'000'000}) {
+        addForBoth(attacks, "content model of depth " + QByteArray::number(depth),
+                   depth <= Limits::contentModelDepth ? Outcome::Read : Outcome::Refused, [=](Format format) {
+                       const QByteArray model = repeated("(", depth) + 'b' + repeated(")", depth);
+                       return document(format, QByteArray(), documentType("<!ELEMENT a " + model + '>'));
+                   });
     }
     add(attacks, "entities nested as deep as may be", Outcome::Read, documentType(chain(16)), "<b>&e0;</b>");
     add(attacks, "entities nested one level too deep", Outcome::Refused, documentType(chain(17)),
@@ -64,11 +74,13 @@ void addLimits(Attacks &attacks)
     add(attacks, "as many characters of entities as may be", Outcome::Read, text,
         repeated("<b>&e;</b>", 256));
     add(attacks, "too many characters of entities", Outcome::Refused, text, repeated("<b>&e;</b>", 257));
-    // The root, 59 elements, and 40 in the entity.
-    const QByteArray elements = documentType(entity("e", nested("b", 40)));
-    add(attacks, "elements in an entity as deep as may be", Outcome::Read, elements, nested("a", 59, "&e;"));
+    constexpr int deepestInEntity = 20;
+    constexpr int deepestAround = deepestBelowRoot - deepestInEntity;
+    const QByteArray elements = documentType(entity("e", nested("b", deepestInEntity)));
+    add(attacks, "elements in an entity as deep as may be", Outcome::Read, elements,
+        nested("a", deepestAround, "&e;"));
     add(attacks, "elements in an entity one level too deep", Outcome::Refused, elements,
-        nested("a", 60, "&e;"));
+        nested("a", deepestAround + 1, "&e;"));
 }
 
 void addExpansions(Attacks &attacks)
@@ -86,13 +98,13 @@ void addExpansions(Attacks &attacks)
         documentType(entity("e", repeated("x", 4'000))), "<b>" + repeated("&e;", 100'000) + "</b>");
     add(attacks, "long entity over and over, in attributes", Outcome::Refused,
         documentType(entity("e", repeated("x", 4'000))), repeated("<b c='&e;'/>", 100'000));
-    add(attacks, "elements nested through entities", Outcome::Refused,
-        documentType(numbered(90,
-                              [](const QByteArray &i) {
-                                  return entity('e' + i,
-                                                "<a>&e" + QByteArray::number(i.toInt() + 1) + ";</a>");
-                              })),
-        repeated("&e0;", 100));
+    add(attacks, "elements nested through entities, over and over", Outcome::Refused,
+        documentType(elementChain(90)), repeated("&e0;", 100));
+    for (const int depth : {1'000, 10'000, 100'000, 1'000'000}) {
+        addForBoth(
+            attacks, QByteArray::number(depth) + " elements nested through entities", Outcome::Refused,
+            [=](Format format) { return document(format, "&e0;", documentType(elementChain(depth))); });
+    }
     add(attacks, "declared again and worse", Outcome::Refused,
         documentType(entity("e", "x") + entity("e", deepMarkup)), repeated("&e;", 100));
     add(attacks, "parameter entities", Outcome::Refused, documentType("<!ENTITY % p '<!ENTITY e \"x\">'>%p;"),

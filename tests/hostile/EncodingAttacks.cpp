@@ -65,11 +65,13 @@ void addWide(Attacks &attacks)
         const QByteArray prolog = kind.declared ? declaration(kind.declared) : QByteArray();
         addForBoth(attacks, QByteArray("as deep as may be in ") + kind.name,
                    kind.isUnderstood ? Outcome::Read : Outcome::Refused, [=](Format format) {
-                       return kind.mark + encoded(document(format, nested("a", 99), prolog), kind.encoding);
+                       return kind.mark +
+                              encoded(document(format, nested("a", deepestBelowRoot), prolog), kind.encoding);
                    });
         addForBoth(attacks, QByteArray("one level too deep in ") + kind.name, Outcome::Refused,
                    [=](Format format) {
-                       return kind.mark + encoded(document(format, nested("a", 100), prolog), kind.encoding);
+                       return kind.mark + encoded(document(format, nested("a", deepestBelowRoot + 1), prolog),
+                                                  kind.encoding);
                    });
         addForBoth(
             attacks, QByteArray("20,000 levels in ") + kind.name, Outcome::Refused, [=](Format format) {

@@ -1,3 +1,4 @@
+#include "Attacks.h"
 #include "HostileFile.h"
 #include "HostileLoad.h"
 
@@ -88,10 +89,10 @@ void HostileChunksTest::markupAcrossABoundaryIsUnderstood()
     const Construct &straddled = constructs[construct];
     for (int shift = 1; shift < straddled.across.size(); ++shift) {
         for (const Format format : {Format::Legacy, Format::Current}) {
-            for (const int levels : {100, 101}) {
+            for (const int levels : {Limits::depth, Limits::depth + 1}) {
                 const QByteArray content = straddling(format, straddled, boundary, shift, levels);
                 QCOMPARE(content.mid(boundary - shift, straddled.across.size()), straddled.across);
-                compareLoad(format, content, levels <= 100);
+                compareLoad(format, content, levels <= Limits::depth);
                 if (QTest::currentTestFailed()) {
                     qWarning("%d bytes in front of the boundary, %d levels", shift, levels);
                     return;

@@ -1,5 +1,9 @@
+#include "Attacks.h"
 #include "HostileFile.h"
 
+#include "support/CountedDocuments.h"
+
+#include <QFile>
 #include <QProcess>
 #include <QTest>
 
@@ -27,6 +31,8 @@ Run show(const QString &path)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Format)
+
 class HostileDiagnosisTest : public QObject
 {
     Q_OBJECT
@@ -34,9 +40,16 @@ class HostileDiagnosisTest : public QObject
 private Q_SLOTS:
     void limitAndLineAreNamed_data();
     void limitAndLineAreNamed();
+    void countAndLineAreNamed_data();
+    void countAndLineAreNamed();
+    void sizeOfTheFileIsNamed();
 
 private:
+    void compareDiagnosis(const QString &path, int line, const QByteArray &excess);
+
     const HostileFolder m_folder;
+    const std::vector<CountedKind> m_legacyKinds = countedLegacyKinds();
+    const std::vector<CountedKind> m_currentKinds = countedCurrentKinds();
 };
 
 void HostileDiagnosisTest::limitAndLineAreNamed_data()
@@ -46,10 +59,10 @@ void HostileDiagnosisTest::limitAndLineAreNamed_data()
     QTest::addColumn<int>("line");
     QTest::addColumn<QByteArray>("excess");
     const QByteArray none;
-    QTest::newRow("depth") << none << "\n\n" + nested("a", 200) << 3
-                           << QByteArray("more than 100 elements in each other");
+    const QByteArray tooDeep = "more than " + QByteArray::number(Limits::depth) + " elements in each other";
+    QTest::newRow("depth") << none << "\n\n" + nested("a", 200) << 3 << tooDeep;
     QTest::newRow("depth, a line for every level")
-        << none << repeated("\n<a>", 200) << 101 << QByteArray("more than 100 elements in each other");
+        << none << repeated("\n<a>", 200) << Limits::depth + 1 << tooDeep;
     QTest::newRow("attributes") << none
                                 << "\n<a" +
                                        numbered(300, [](const QByteArray &i) { return " b" + i + "=''"; }) +
@@ -95,12 +108,51 @@ void HostileDiagnosisTest::limitAndLineAreNamed()
     QFETCH(int, line);
     QFETCH(QByteArray, excess);
     for (const Format format : {Format::Legacy, Format::Current}) {
-        const QString path = m_folder.write(format, document(format, body, prolog));
-        const Run run = show(path);
-        QCOMPARE(run.errors, "tobrix-template: " + path.toUtf8() + ": goes past a limit at line " +
-                                 QByteArray::number(line) + ": " + excess + "; nothing of it is used\n");
-        QCOMPARE(run.exitStatus, 1);
-        QVERIFY2(!run.output.contains("Template k"), run.output.constData());
+        compareDiagnosis(m_folder.write(format, document(format, body, prolog)), line, excess);
+    }
+}
+
+void HostileDiagnosisTest::compareDiagnosis(const QString &path, int line, const QByteArray &excess)
+{
+    const Run run = show(path);
+    QCOMPARE(run.errors, "tobrix-template: " + path.toUtf8() + ": goes past a limit at line " +
+                             QByteArray::number(line) + ": " + excess + "; nothing of it is used\n");
+    QCOMPARE(run.exitStatus, 1);
+    QVERIFY2(!run.output.contains("Template k"), run.output.constData());
+}
+
+void HostileDiagnosisTest::countAndLineAreNamed_data()
+{
+    QTest::addColumn<Format>("format");
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < m_legacyKinds.size(); ++i) {
+        QTest::addRow("%s, legacy", m_legacyKinds[i].name) << Format::Legacy << static_cast<int>(i);
+    }
+    for (std::size_t i = 0; i < m_currentKinds.size(); ++i) {
+        QTest::addRow("%s, current", m_currentKinds[i].name) << Format::Current << static_cast<int>(i);
+    }
+}
+
+void HostileDiagnosisTest::countAndLineAreNamed()
+{
+    QFETCH(Format, format);
+    QFETCH(int, index);
+    const CountedKind &kind =
+        (format == Format::Legacy ? m_legacyKinds : m_currentKinds)[static_cast<std::size_t>(index)];
+    // The one that is too many stands in a line of its own.
+    compareDiagnosis(m_folder.write(format, documentWith(kind, kind.most + 1)), 2,
+                     "more than " + QByteArray::number(kind.most) + ' ' + kind.name);
+}
+
+void HostileDiagnosisTest::sizeOfTheFileIsNamed()
+{
+    for (const Format format : {Format::Legacy, Format::Current}) {
+        QFile file(m_folder.write(format, document(format, QByteArray())));
+        // What is behind its text takes no space on the disk.
+        QVERIFY(file.resize(qint64(Limits::fileSize) + 1));
+        compareDiagnosis(file.fileName(), 1,
+                         "a file of more than " + QByteArray::number(Limits::fileSize) + " bytes");
+        QVERIFY(file.remove());
     }
 }
 

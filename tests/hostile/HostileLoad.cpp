@@ -77,20 +77,45 @@ HostileLoad LimitedProcess::takeLoad()
                 .arg(QString::fromLocal8Bit(readAllStandardError().right(3000)));
         return load;
     }
-    load.isRead = values["read"] != 0;
+    load.isRead = values.contains("exit") ? values["exit"] == 0 : values["read"] != 0;
     load.hasTemplate = values["template"] != 0;
     load.isEmpty = values["empty"] != 0;
-    load.views = static_cast<int>(values["views"]);
-    load.items = static_cast<int>(values["items"]);
+    load.complaint = readAllStandardError();
     load.memory = values["memory"] / 1024;
     load.cpu = values["cpu"];
     return load;
 }
 
-HostileLoad loadInChild(const QString &path, const LoadBounds &bounds)
+HostileLoad loadInChild(const QString &path, const LoadBounds &bounds, Way way)
 {
+    const QString load = QStringLiteral(TOBRIX_HOSTILE_LOAD);
+    const QMap<Way, QStringList> commands = {
+        {Way::Entry, {load}},
+        {Way::LegacyReader, {load, QStringLiteral("--legacy")}},
+        {Way::CurrentReader, {load, QStringLiteral("--current")}},
+        {Way::Show,
+         {QStringLiteral(TOBRIX_MEASURED_RUN), QStringLiteral(TOBRIX_TEMPLATE_TOOL), QStringLiteral("show")}},
+    };
+    QStringList command = commands[way];
+    const QString program = command.takeFirst();
     LimitedProcess process(bounds);
-    process.start(QStringLiteral(TOBRIX_HOSTILE_LOAD), {path});
+    process.start(program, command << path);
     process.closeWriteChannel();
     return process.takeLoad();
+}
+
+QString excessOf(const HostileLoad &load, const LoadBounds &bounds)
+{
+#ifdef TOBRIX_TEST_SANITIZED
+    Q_UNUSED(load)
+    Q_UNUSED(bounds)
+#else
+    if (load.memory > bounds.memory) {
+        return QStringLiteral("takes %1 MiB, may take %2").arg(load.memory).arg(bounds.memory);
+    }
+    if (load.cpu > bounds.cpu) {
+        return QStringLiteral("takes %1 s, may take %2").arg(load.cpu).arg(bounds.cpu);
+    }
+#endif
+    return QString();
 }

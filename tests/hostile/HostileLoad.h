@@ -14,21 +14,32 @@ struct LoadBounds
 
 LoadBounds boundsForSize(qint64 fileSize);
 
+/// On which way a file goes through the library.
+enum class Way {
+    Entry,         ///< as hosts load it
+    LegacyReader,  ///< through one reader alone
+    CurrentReader, ///< through one reader alone
+    Show           ///< through "tobrix-template show"
+};
+
 /// What came of loading a file in a process of its own.
 struct HostileLoad
 {
     QString failure; ///< what went wrong with the process, in words; empty when it told what came of the file
-    bool isRead = false;
+    bool isRead = false; ///< to the tool: whether nothing is wrong with the file
     bool hasTemplate = false;
     bool isEmpty = false;
-    int views = 0;
-    int items = 0;
-    double memory = 0; ///< MiB at most
-    double cpu = 0;    ///< seconds
+    QByteArray complaint; ///< what the tool says of the file
+    double memory = 0;    ///< MiB at most
+    double cpu = 0;       ///< seconds
 };
 
 /// Loads a file in a process of its own, which is stopped where it goes far beyond the bounds.
-HostileLoad loadInChild(const QString &path, const LoadBounds &bounds);
+HostileLoad loadInChild(const QString &path, const LoadBounds &bounds, Way way = Way::Entry);
+
+/// What a load has cost too much, in words; empty when it kept within the bounds. Nothing is too much for the
+/// sanitizers.
+QString excessOf(const HostileLoad &load, const LoadBounds &bounds);
 
 /// A process under limits, without the rights of root.
 class LimitedProcess : public QProcess

@@ -10,11 +10,9 @@ QByteArray textInPieces(int size)
     return repeated("x", size / 2) + "<!---->" + repeated("x", size / 2);
 }
 
-void add(Attacks &attacks, const QByteArray &name, Outcome outcome, const std::function<QByteArray()> &body,
-         bool isBig = false)
+void add(Attacks &attacks, const QByteArray &name, Outcome outcome, const std::function<QByteArray()> &body)
 {
-    attacks.push_back(
-        {name, outcome, [=] { return document(Format::Current, body()); }, Format::Current, isBig});
+    attacks.push_back({name, outcome, [=] { return document(Format::Current, body()); }, Format::Current});
 }
 
 /// Elements of several names in each other, over and over, around a text.
@@ -40,73 +38,82 @@ QByteArray legends(const QByteArray &bands)
            bands + "</ClassificationColorScope></ClassificationColorScopes>";
 }
 
+// There is room for what they hold, and what that holds, and the root.
+constexpr int containers = Limits::depth - 8;
+static_assert(containers >= 20, "there would be little to multiply");
+
 void addCounts(Attacks &attacks)
 {
-    add(
-        attacks, "50 views around 5,000 columns", Outcome::Read,
-        [] { return nested("View", 50, repeated("<Column DataType='Text'/>", 5'000)); }, true);
-    add(
-        attacks, "50 views around 5,001 columns", Outcome::Refused,
-        [] { return nested("View", 50, repeated("<Column DataType='Text'/>", 5'001)); }, true);
-    add(
-        attacks, "20 views around 100,000 columns", Outcome::Refused,
-        [] { return nested("View", 20, repeated("<Column/>", 100'000)); }, true);
-    add(attacks, "90 lists around 50,000 items", Outcome::Refused,
-        [] { return nested("ValueList", 90, repeated("<ValueListItem/>", 50'000)); });
-    add(
-        attacks, "90 items in each other, 10,000 times", Outcome::Refused,
-        [] { return nested("ValueList", 1, repeated(nested("ValueListItem", 90), 10'000)); }, true);
-    add(attacks, "60 scopes around 50,000 bands", Outcome::Refused, [] {
+    constexpr int columns = Limits::columns / containers;
+    add(attacks, "views around as many columns as may be", Outcome::Read,
+        [] { return nested("View", containers, repeated("<Column DataType='Text'/>", columns)); });
+    add(attacks, "views around too many columns", Outcome::Refused,
+        [] { return nested("View", containers, repeated("<Column DataType='Text'/>", columns + 1)); });
+    add(attacks, "20 views around 100,000 columns", Outcome::Refused,
+        [] { return nested("View", 20, repeated("<Column/>", 100'000)); });
+    add(attacks, "lists around 50,000 items", Outcome::Refused,
+        [] { return nested("ValueList", containers, repeated("<ValueListItem/>", 50'000)); });
+    add(attacks, "items in each other, 10,000 times", Outcome::Refused,
+        [] { return nested("ValueList", 1, repeated(nested("ValueListItem", containers), 10'000)); });
+    add(attacks, "scopes around 50,000 bands", Outcome::Refused, [] {
         return "<ClassificationColorScopes>" +
-               repeated("<ClassificationColorScope Name='ClassColorDefault' Scope='Section'>", 60) +
-               repeated("<ClassificationColor/>", 50'000) + repeated("</ClassificationColorScope>", 60) +
-               "</ClassificationColorScopes>";
+               repeated("<ClassificationColorScope Name='ClassColorDefault' Scope='Section'>", containers) +
+               repeated("<ClassificationColor/>", 50'000) +
+               repeated("</ClassificationColorScope>", containers) + "</ClassificationColorScopes>";
     });
-    add(attacks, "90 scopes around 100,000 default values", Outcome::Read, [] {
-        return "<DefaultValues>" + nested("DefaultValueScope", 90, repeated("<DefaultValueItem/>", 100'000)) +
+    add(attacks, "scopes around 100,000 default values", Outcome::Read, [] {
+        return "<DefaultValues>" +
+               nested("DefaultValueScope", containers, repeated("<DefaultValueItem/>", 100'000)) +
                "</DefaultValues>";
     });
-    add(attacks, "90 scopes around different default values", Outcome::Read, [] {
+    add(attacks, "scopes around different default values", Outcome::Read, [] {
         return "<DefaultValues>" +
-               nested("DefaultValueScope", 90,
+               nested("DefaultValueScope", containers,
                       numbered(20'000,
                                [](const QByteArray &i) { return "<DefaultValueItem View='" + i + "'/>"; })) +
                "</DefaultValues>";
     });
-    add(
-        attacks, "90 columns around 300,000 names", Outcome::Read,
-        [] { return nested("Column", 90, repeated("<Name/>", 300'000)); }, true);
+    add(attacks, "columns around 300,000 names", Outcome::Read,
+        [] { return nested("Column", containers, repeated("<Name/>", 300'000)); });
+    add(attacks, "presets around 100,000 properties", Outcome::Read, [] {
+        return "<ClassificationColorPresets>" +
+               repeated("<ClassificationColorPreset Scope='Section' Chapter='Color'>", containers) +
+               repeated("<PresetProperty PropertyName='p'/>", 100'000) +
+               repeated("</ClassificationColorPreset>", containers) + "</ClassificationColorPresets>";
+    });
 }
 
 void addTexts(Attacks &attacks)
 {
     constexpr int size = 2'000'000;
-    add(attacks, "90 columns around one text", Outcome::Read,
-        [] { return nested("Column", 90, columnTexts(textInPieces(size))); });
-    add(attacks, "90 columns of a view around one text", Outcome::Read,
-        [] { return nested("View", 1, nested("Column", 90, columnTexts(textInPieces(size)))); });
-    add(attacks, "90 columns around a text of many pieces", Outcome::Read,
-        [] { return nested("Column", 90, columnTexts(repeated("x&a;", size / 4))); });
-    add(attacks, "90 columns around the name of a list", Outcome::Read,
-        [] { return nested("Column", 90, nested("ValueListName", 1, repeated("x&a;", size / 4))); });
-    add(attacks, "90 items around one text", Outcome::Read, [] {
+    const auto inColumns = [](const QByteArray &inner) { return nested("Column", containers, inner); };
+    add(attacks, "columns around one text", Outcome::Read,
+        [=] { return inColumns(columnTexts(textInPieces(size))); });
+    add(attacks, "columns of a view around one text", Outcome::Read,
+        [=] { return nested("View", 1, inColumns(columnTexts(textInPieces(size)))); });
+    add(attacks, "columns around a text of many pieces", Outcome::Read,
+        [=] { return inColumns(columnTexts(repeated("x&a;", size / 4))); });
+    add(attacks, "columns around the name of a list", Outcome::Read,
+        [=] { return inColumns(nested("ValueListName", 1, repeated("x&a;", size / 4))); });
+    add(attacks, "items around one text", Outcome::Read, [] {
         return nested("ValueList", 1,
-                      nested("ValueListItem", 90,
+                      nested("ValueListItem", containers,
                              "<Captions><TextItem>" + textInPieces(size) + "</TextItem></Captions>"));
     });
-    add(attacks, "90 bands around one text", Outcome::Read, [] {
+    add(attacks, "bands around one text", Outcome::Read, [] {
         return legends(
-            nested("ClassificationColor", 90,
+            nested("ClassificationColor", containers,
                    "<TextA><TextB><TextItem>" + textInPieces(size) + "</TextItem></TextB></TextA>"));
     });
-    add(attacks, "texts of 30 columns in each other", Outcome::Read, [] {
-        return enclosed(30, {"Column", "Caption", "TextItem"}, textInPieces(size));
+    add(attacks, "texts of columns in each other", Outcome::Read, [] {
+        return enclosed(deepestBelowRoot / 3, {"Column", "Caption", "TextItem"}, textInPieces(size));
     });
-    add(attacks, "two texts of 19 columns in each other", Outcome::Read, [] {
-        return enclosed(19, {"Column", "Caption", "TextItem", "ToolTip", "TextItem"}, textInPieces(size));
+    add(attacks, "two texts of columns in each other", Outcome::Read, [] {
+        return enclosed(deepestBelowRoot / 5, {"Column", "Caption", "TextItem", "ToolTip", "TextItem"},
+                        textInPieces(size));
     });
-    add(attacks, "90 names around one text", Outcome::Read,
-        [] { return nested("Name", 90, textInPieces(size)); });
+    add(attacks, "names around one text", Outcome::Read,
+        [] { return nested("Name", containers, textInPieces(size)); });
 }
 
 } // namespace

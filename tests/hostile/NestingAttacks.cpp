@@ -1,18 +1,26 @@
 #include "Attacks.h"
 
 void addForBoth(Attacks &attacks, const QByteArray &name, Outcome outcome,
-                const std::function<QByteArray(Format)> &document, bool isBig)
+                const std::function<QByteArray(Format)> &document)
 {
     for (const Format format : {Format::Legacy, Format::Current}) {
         const QByteArray formatName = format == Format::Legacy ? ", legacy" : ", current";
-        attacks.push_back({name + formatName, outcome, [=] { return document(format); }, format, isBig});
+        attacks.push_back({name + formatName, outcome, [=] { return document(format); }, format});
     }
 }
 
 namespace {
 
-// The root is an element as well.
-constexpr int deepestBelowRoot = 99;
+QByteArray withinColumn(Format format, const QByteArray &inner)
+{
+    return document(format, format == Format::Legacy ? "<SYSCOL>" + inner + "</SYSCOL>"
+                                                     : "<View><Column>" + inner + "</Column></View>");
+}
+
+QByteArray withinSection(const QByteArray &inner)
+{
+    return document(Format::Legacy, "<SYSTPL>" + inner + "</SYSTPL>");
+}
 
 void addDepths(Attacks &attacks)
 {
@@ -25,13 +33,17 @@ void addDepths(Attacks &attacks)
         addForBoth(attacks, levels + " with a namespace each", Outcome::Refused, [=](Format) {
             return numbered(depth, [](const QByteArray &i) { return "<a xmlns:n" + i + "='u'>"; });
         });
-        attacks.push_back({levels + " within a column, legacy", Outcome::Refused,
-                           [=] { return document(Format::Legacy, "<SYSCOL>" + nested("COL_PK", depth)); },
-                           Format::Legacy});
-        attacks.push_back(
-            {levels + " within a column, current", Outcome::Refused,
-             [=] { return document(Format::Current, "<View><Column>" + nested("Caption", depth)); },
-             Format::Current});
+        addForBoth(attacks, levels + " within a column", Outcome::Refused, [=](Format format) {
+            return withinColumn(format, nested(format == Format::Legacy ? "COL_PK" : "Caption", depth));
+        });
+        addForBoth(attacks, levels + " within a column, unclosed", Outcome::Refused, [=](Format format) {
+            return document(format, (format == Format::Legacy ? "<SYSCOL>" : "<View><Column>") +
+                                        repeated("<a>", depth));
+        });
+        attacks.push_back({levels + " within a section, legacy", Outcome::Refused,
+                           [=] { return withinSection(nested("TPL_Key", depth)); }, Format::Legacy});
+        attacks.push_back({levels + " within a section, unclosed, legacy", Outcome::Refused,
+                           [=] { return "<TXSYS><SYSTPL>" + repeated("<TPL_Key>", depth); }, Format::Legacy});
     }
 }
 

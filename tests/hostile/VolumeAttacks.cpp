@@ -1,5 +1,7 @@
 #include "Attacks.h"
 
+#include "support/CountedDocuments.h"
+
 #include <utility>
 
 namespace {
@@ -7,9 +9,6 @@ namespace {
 using Pair = std::pair<QByteArray, QByteArray>;
 
 constexpr int huge = 20'000'000;
-constexpr int mostColumns = 250'000;
-constexpr int mostListItems = 250'000;
-constexpr int mostBands = 100'000;
 
 void addHuge(Attacks &attacks)
 {
@@ -26,10 +25,9 @@ void addHuge(Attacks &attacks)
         {"character data", "<a><![CDATA[", "]]></a>"},
     };
     for (const auto &kind : kinds) {
-        addForBoth(
-            attacks, QByteArray(kind.name) + " of 20 MB", Outcome::Read,
-            [=](Format format) { return document(format, kind.before + repeated("x", huge) + kind.behind); },
-            true);
+        addForBoth(attacks, QByteArray(kind.name) + " of 20 MB", Outcome::Read, [=](Format format) {
+            return document(format, kind.before + repeated("x", huge) + kind.behind);
+        });
     }
     // One parser has a limit of its own for names.
     for (const auto &around : {Pair("<", "/>"), Pair("<a ", "=''/>")}) {
@@ -38,9 +36,9 @@ void addHuge(Attacks &attacks)
         };
         const QByteArray name = around.first + "... of 20 MB";
         attacks.push_back(
-            {name + ", legacy", Outcome::Broken, [=] { return text(Format::Legacy); }, Format::Legacy, true});
-        attacks.push_back({name + ", current", Outcome::Read, [=] { return text(Format::Current); },
-                           Format::Current, true});
+            {name + ", legacy", Outcome::Broken, [=] { return text(Format::Legacy); }, Format::Legacy});
+        attacks.push_back(
+            {name + ", current", Outcome::Read, [=] { return text(Format::Current); }, Format::Current});
     }
     attacks.push_back({"caption of 20 MB, current", Outcome::Read,
                        [] {
@@ -48,7 +46,7 @@ void addHuge(Attacks &attacks)
                                            "<View><Column DataType='Text'><Caption><TextItem>" +
                                                repeated("x", huge) + "</TextItem></Caption></Column></View>");
                        },
-                       Format::Current, true});
+                       Format::Current});
     attacks.push_back({"caption of 20 MB, legacy", Outcome::Read,
                        [] {
                            return document(Format::Legacy,
@@ -56,7 +54,7 @@ void addHuge(Attacks &attacks)
                                            "<COL_Caption>" +
                                                repeated("x", huge) + "</COL_Caption></SYSCOL>");
                        },
-                       Format::Legacy, true});
+                       Format::Legacy});
 }
 
 /// The smallest of everything that a parser makes an object of.
@@ -86,7 +84,7 @@ void addSmall(Attacks &attacks)
     }
     // There may be fewer of these.
     for (const auto &kind : {QByteArray("<View/>"), QByteArray("<ValueList/>")}) {
-        attacks.push_back({kind + " over and over", Outcome::Bounded,
+        attacks.push_back({kind + " over and over", Outcome::Refused,
                            [=] { return document(Format::Current, repeated(kind, 1'000'000 / kind.size())); },
                            Format::Current});
     }
@@ -95,6 +93,11 @@ void addSmall(Attacks &attacks)
                        [] { return document(Format::Current, repeated("x&a;", 250'000)); }, Format::Current});
     attacks.push_back({"unknown entities over and over, legacy", Outcome::Broken,
                        [] { return document(Format::Legacy, repeated("x&a;", 250'000)); }, Format::Legacy});
+    // As big as it takes to see that memory grows with the file, whatever there is at first.
+    for (const auto &kind : {QByteArray("<a/>"), QByteArray("<a b=''/>"), QByteArray("x<!---->")}) {
+        addForBoth(attacks, "4 MB of " + kind, Outcome::Read,
+                   [=](Format format) { return document(format, repeated(kind, 4'000'000 / kind.size())); });
+    }
     addForBoth(attacks, "300,000 character data sections", Outcome::Read, [](Format format) {
         return document(format, "<a>" + repeated("<![CDATA[x]]>", 300'000) + "</a>");
     });
@@ -115,68 +118,53 @@ void addSmall(Attacks &attacks)
                        Format::Legacy});
 }
 
-QByteArray legacyColumns(int count)
+void addCounted(Attacks &attacks, Format format, const QByteArray &formatName,
+                const std::vector<CountedKind> &kinds)
 {
-    return document(Format::Legacy,
-                    "<PROGVIEW/>" + repeated("<SYSCOL><COL_DataType>TXT</COL_DataType></SYSCOL>", count));
-}
-
-QByteArray currentColumns(int count)
-{
-    return document(Format::Current, "<View>" + repeated("<Column/>", count) + "</View>");
-}
-
-QByteArray legacyItems(int count)
-{
-    return document(Format::Legacy, repeated("<SYSLIST><LIST_Name>n</LIST_Name></SYSLIST>", count));
-}
-
-QByteArray currentItems(int count)
-{
-    return document(Format::Current,
-                    "<ValueList Name='n'>" + repeated("<ValueListItem/>", count) + "</ValueList>");
-}
-
-QByteArray currentBands(int count)
-{
-    return document(Format::Current,
-                    "<ClassificationColorScopes><ClassificationColorScope Name='ClassColorDefault' "
-                    "Scope='Section'>" +
-                        repeated("<ClassificationColor/>", count) +
-                        "</ClassificationColorScope></ClassificationColorScopes>");
-}
-
-QByteArray legacyBands(int count)
-{
-    return document(Format::Legacy,
-                    "<LegendOfClassification>" + repeated("<class/>", count) + "</LegendOfClassification>");
-}
-
-void addCounted(Attacks &attacks)
-{
-    static const struct
-    {
-        const char *name;
-        QByteArray (*document)(int);
-        int most;
-        Format format;
-    } kinds[] = {
-        {"columns, legacy", legacyColumns, mostColumns, Format::Legacy},
-        {"columns, current", currentColumns, mostColumns, Format::Current},
-        {"list items, legacy", legacyItems, mostListItems, Format::Legacy},
-        {"list items, current", currentItems, mostListItems, Format::Current},
-        {"bands, legacy", legacyBands, mostBands, Format::Legacy},
-        {"bands, current", currentBands, mostBands, Format::Current},
-    };
     for (const auto &kind : kinds) {
-        const QByteArray name = kind.name;
+        const QByteArray name = kind.name + formatName;
         attacks.push_back({"as many as may be: " + name, Outcome::Read,
-                           [=] { return kind.document(kind.most); }, kind.format, true});
+                           [=] { return documentWith(kind, kind.most); }, format});
         attacks.push_back({"one too many: " + name, Outcome::Refused,
-                           [=] { return kind.document(kind.most + 1); }, kind.format, true});
-        attacks.push_back({"a million: " + name, Outcome::Refused, [=] { return kind.document(1'000'000); },
-                           kind.format, true});
+                           [=] { return documentWith(kind, kind.most + 1); }, format});
+        attacks.push_back(
+            {"a million: " + name, Outcome::Refused, [=] { return documentWith(kind, 1'000'000); }, format});
     }
+}
+
+/// What a template may have at most, all at once.
+void addFull(Attacks &attacks)
+{
+    const auto columns = [](const QByteArray &column) {
+        return repeated(column, Limits::columns / mostViews);
+    };
+    const auto items = [](const QByteArray &item) { return repeated(item, Limits::listItems / mostLists); };
+    attacks.push_back(
+        {"as many columns and items as may be in as many views and lists, legacy", Outcome::Read,
+         [=] {
+             return document(Format::Legacy, numbered(mostViews, [=](const QByteArray &i) {
+                                 return "<PROGVIEW><PV_PK>" + i + "</PV_PK></PROGVIEW>" +
+                                        columns("<SYSCOL><COL_ProgView_FK>" + i +
+                                                "</COL_ProgView_FK><COL_DataType>TXT"
+                                                "</COL_DataType></SYSCOL>") +
+                                        items("<SYSLIST><LIST_Name>" + i + "</LIST_Name></SYSLIST>");
+                             }));
+         },
+         Format::Legacy});
+    attacks.push_back(
+        {"as many columns and items as may be in as many views and lists, current", Outcome::Read,
+         [=] {
+             return document(Format::Current, numbered(mostViews, [=](const QByteArray &i) {
+                                 return "<View Id='" + i + "'>" + columns("<Column DataType='Text'/>") +
+                                        "</View><ValueList Name='" + i + "'>" + items("<ValueListItem/>") +
+                                        "</ValueList>";
+                             }));
+         },
+         Format::Current});
+}
+
+void addViewsOfOneId(Attacks &attacks)
+{
     attacks.push_back(
         {"ten thousand views of one id, legacy", Outcome::Read,
          [] { return document(Format::Legacy, repeated("<PROGVIEW><PV_PK>v</PV_PK></PROGVIEW>", 10'000)); },
@@ -196,6 +184,9 @@ Attacks volumeAttacks()
     Attacks attacks;
     addHuge(attacks);
     addSmall(attacks);
-    addCounted(attacks);
+    addCounted(attacks, Format::Legacy, ", legacy", countedLegacyKinds());
+    addCounted(attacks, Format::Current, ", current", countedCurrentKinds());
+    addFull(attacks);
+    addViewsOfOneId(attacks);
     return attacks;
 }

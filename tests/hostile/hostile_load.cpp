@@ -1,10 +1,14 @@
 // Loads one template file the way a host's worker thread would, and says what came of it and what it cost:
-//     hostile_load FILE
+//     hostile_load [--legacy | --current] FILE
+// With an option the file goes through one of the readers alone, whatever format its path stands for.
 // A process of its own for every file, so that one that takes its process down takes nothing else with it.
 
+#include "format_current/NewTemplateXMLReader.h"
+#include "format_legacy/CTemplateXMLReader.h"
 #include "loading/CTemplateReader.h"
 #include "model/CCatalogTemplate.h"
 #include "model/CTemplateLegendDataItem.h"
+#include "rawdata/CTemplateRawData.h"
 #include "standalone_host/StandaloneHost.h"
 
 #include <QFile>
@@ -33,11 +37,10 @@ constexpr std::size_t stackSize = 256 * 1024;
 struct Loading
 {
     QString path;
+    void (*load)(Loading &loading) = nullptr;
     bool isRead = false;
     bool hasTemplate = false;
     bool isEmpty = false;
-    int views = 0;
-    int listItems = 0;
 };
 
 bool isHeaderEmpty(const CCatalogTemplate &loaded)
@@ -48,23 +51,29 @@ bool isHeaderEmpty(const CCatalogTemplate &loaded)
            !loaded.isSystem() && !loaded.isEditable() && !loaded.isUpdatable();
 }
 
-void *load(void *argument)
+void loadTemplate(Loading &loading)
 {
-    auto &loading = *static_cast<Loading *>(argument);
     CCatalogTemplate *loaded = nullptr;
     loading.isRead = CTemplateReader::readFile(loading.path, CTemplateReader::ReaderFlags(0), loaded);
     const std::unique_ptr<CCatalogTemplate> owner(loaded);
     loading.hasTemplate = loaded != nullptr;
-    if (loaded) {
-        const QStringList lists = loaded->itemListNames();
-        for (const auto &list : lists) {
-            loading.listItems += loaded->itemList(list).size();
-        }
-        loading.views = loaded->programViewCount();
-        loading.isEmpty = isHeaderEmpty(*loaded) && loading.views == 0 && lists.isEmpty() &&
-                          loaded->getLegendOfClassification(false).isEmpty() &&
-                          loaded->getLegendOfClassification(true).isEmpty();
-    }
+    loading.isEmpty = loaded && isHeaderEmpty(*loaded) && loaded->programViewCount() == 0 &&
+                      loaded->itemListNames().isEmpty() &&
+                      loaded->getLegendOfClassification(false).isEmpty() &&
+                      loaded->getLegendOfClassification(true).isEmpty();
+}
+
+template <typename Reader>
+void readRecord(Loading &loading)
+{
+    CTemplateRawData rawData;
+    loading.isRead = Reader().readFile(loading.path, rawData);
+}
+
+void *load(void *argument)
+{
+    auto &loading = *static_cast<Loading *>(argument);
+    loading.load(loading);
     return nullptr;
 }
 
@@ -106,13 +115,17 @@ long peakMemory()
 
 int main(int argc, char *argv[])
 {
-    if (argc != 2) {
-        std::fputs("Usage: hostile_load FILE\n", stderr);
+    Loading loading;
+    loading.load = argc == 2                                         ? loadTemplate
+                   : argc == 3 && !std::strcmp(argv[1], "--legacy")  ? readRecord<CTemplateXMLReader>
+                   : argc == 3 && !std::strcmp(argv[1], "--current") ? readRecord<NewTemplateXMLReader>
+                                                                     : nullptr;
+    if (!loading.load) {
+        std::fputs("Usage: hostile_load [--legacy | --current] FILE\n", stderr);
         return 2;
     }
     Tobrix::Standalone::StandaloneHost::instance().setLogSink([](int, const QString &, const QString &) {});
-    Loading loading;
-    loading.path = QFile::decodeName(argv[1]);
+    loading.path = QFile::decodeName(argv[argc - 1]);
     // For those who watch the process from outside: what it touches from here on, it touches for the file.
     ::access("/hostile_load begins", F_OK);
     if (!runOnThread(loading)) {
@@ -120,8 +133,7 @@ int main(int argc, char *argv[])
         return 3;
     }
     ::access("/hostile_load ends", F_OK);
-    std::printf("read %d\ntemplate %d\nempty %d\nviews %d\nitems %d\ncpu %f\nmemory %ld\n", loading.isRead,
-                loading.hasTemplate, loading.isEmpty, loading.views, loading.listItems, cpuSeconds(),
-                peakMemory());
+    std::printf("read %d\ntemplate %d\nempty %d\ncpu %f\nmemory %ld\n", loading.isRead, loading.hasTemplate,
+                loading.isEmpty, cpuSeconds(), peakMemory());
     return 0;
 }

@@ -1,5 +1,4 @@
 #include "ToolDocuments.h"
-#include "loading/Limits_p.h"
 
 #include <QDir>
 #include <QFile>
@@ -90,7 +89,6 @@ private Q_SLOTS:
     void helpAndVersionGoToStandardOutput();
     void faultyDocumentIsDiagnosed_data();
     void faultyDocumentIsDiagnosed();
-    void moreListItemsThanALimitAreNamed();
     void rawRecordOfUnknownViewIsNoFault();
     void malformedCurrentFileShowsWhatThereIs();
     void pathThatCannotBeReadIsDiagnosed_data();
@@ -245,19 +243,6 @@ void CommandTest::faultyDocumentIsDiagnosed()
         QCOMPARE(result.errors, complaint(file.path(), reason));
         QCOMPARE(result.exitStatus, 1);
     }
-}
-
-void CommandTest::moreListItemsThanALimitAreNamed()
-{
-    const QByteArray item = "<SYSLIST><LIST_Name>L</LIST_Name></SYSLIST>";
-    const TemporaryTemplate file(QStringLiteral("templates"),
-                                 legacyDocument(item.repeated(Tobrix::Templates::Limits::listItems + 1)));
-    const Run result = run({QStringLiteral("show"), file.path()});
-    QCOMPARE(result.errors,
-             complaint(file.path(), "goes past a limit: more than " +
-                                        QByteArray::number(Tobrix::Templates::Limits::listItems) +
-                                        " list items; nothing of it is used"));
-    QCOMPARE(result.exitStatus, 1);
 }
 
 void CommandTest::rawRecordOfUnknownViewIsNoFault()

@@ -5,6 +5,7 @@
 #include "loading/Limits_p.h"
 #include "loading/TemplateFile_p.h"
 #include "model/CTemplateColumn.h"
+#include "rawdata/CTemplateDataConverter.h"
 #include "rawdata/CTemplateRawData.h"
 
 #include <QDomDocument>
@@ -33,53 +34,211 @@ QString notWellFormed(qint64 line, qint64 column, const QString &explanation)
         .arg(withoutFullStop(explanation));
 }
 
-/// Walks over a list item as the legacy reader does, and says whether it names its list.
-bool namesItsList(QXmlStreamReader &xml)
+QString pastLimit(qint64 line, const QString &excess)
+{
+    return QStringLiteral("goes past a limit at line %1: %2; nothing of it is used").arg(line).arg(excess);
+}
+
+QString tooMany(qint64 line, int limit, const char *what)
+{
+    return pastLimit(line, QStringLiteral("more than %1 %2").arg(limit).arg(QLatin1String(what)));
+}
+
+/// Walks over a legacy file along the path of its reader, up to what the reader stops at.
+class LegacyWalk
+{
+public:
+    explicit LegacyWalk(TemplateFile &file) : m_file(file), m_xml(&file) {}
+
+    /// What the reader stops at, in words; empty when it reads the file to its end.
+    QString fault();
+
+private:
+    template <typename Token>
+    static void ignoreStart(Token)
+    {
+    }
+
+    QString faultAtStartTag();
+    QString faultOfColumn(qint64 line);
+    QString faultOfListItem(qint64 line);
+    QString faultOfLegends();
+    QString faultOfXml() const;
+
+    TemplateFile &m_file;
+    QXmlStreamReader m_xml;
+    int m_columns = 0;
+    int m_listItems = 0;
+    int m_bandsA = 0;
+    int m_bandsB = 0;
+};
+
+QString LegacyWalk::fault()
+{
+    while (!isFinished(m_xml)) {
+        if (m_xml.readNext() == QXmlStreamReader::StartElement) {
+            const QString fault = faultAtStartTag();
+            if (!fault.isEmpty()) {
+                return fault;
+            }
+        }
+    }
+    return faultOfXml();
+}
+
+QString LegacyWalk::faultAtStartTag()
+{
+    const qint64 line = m_xml.lineNumber();
+    switch (CTemplateTokenizer::stringToTemplateToken(m_xml.name())) {
+    case CTemplateTokenizer::TXSYS:
+    case CTemplateTokenizer::TobrixTemplate:
+        break;
+    case CTemplateTokenizer::SYSCOL:
+        return faultOfColumn(line);
+    case CTemplateTokenizer::SYSLIST:
+        return faultOfListItem(line);
+    case CTemplateTokenizer::LegendOfClassification:
+        return faultOfLegends();
+    default:
+        m_xml.skipCurrentElement();
+    }
+    return QString();
+}
+
+QString LegacyWalk::faultOfColumn(qint64 line)
+{
+    using Token = CTemplateTokenizer::ColumnToken;
+    auto type = CTemplateColumn::Unknown;
+    const auto onText = [&](Token token) {
+        if (token == CTemplateTokenizer::COL_DataType) {
+            type = CTemplateDataConverter::stringToColumnType(m_xml.text());
+        }
+    };
+    const bool isComplete = walkSection(m_xml, CTemplateTokenizer::stringToColumnToken,
+                                        TextRule::DirectlyAfterStartTag, ignoreStart<Token>, onText);
+    // A column of unknown type is dropped.
+    m_columns += isComplete && type != CTemplateColumn::Unknown ? 1 : 0;
+    return m_columns > Limits::columns ? tooMany(line, Limits::columns, "columns") : QString();
+}
+
+QString LegacyWalk::faultOfListItem(qint64 line)
 {
     using Token = CTemplateTokenizer::ListItemToken;
     QString listName;
-    const bool isComplete = walkSection(
-        xml, CTemplateTokenizer::stringToListItemToken, TextRule::FirstAfterStartTag, [](Token) {},
-        [&](Token token) {
-            if (token == CTemplateTokenizer::LIST_Name) {
-                listName = ownText(xml.text());
-            }
-        });
-    return !isComplete || !listName.isEmpty();
-}
-
-QString excessOf(const TemplateFile &file)
-{
-    return QStringLiteral("goes past a limit at line %1: %2; nothing of it is used")
-        .arg(file.excessLine())
-        .arg(file.excess());
-}
-
-QString tooMany(int limit, const QString &what)
-{
-    return QStringLiteral("goes past a limit: more than %1 %2; nothing of it is used").arg(limit).arg(what);
-}
-
-/// The number of elements that containers hold, those in containers in each other counted for each.
-qint64 countWithinEach(const QDomNodeList &containers, const QString &name)
-{
-    qint64 count = 0;
-    for (int i = 0; i < containers.count(); ++i) {
-        count += containers.at(i).toElement().elementsByTagName(name).count();
+    const auto onText = [&](Token token) {
+        if (token == CTemplateTokenizer::LIST_Name) {
+            listName = ownText(m_xml.text());
+        }
+    };
+    if (!walkSection(m_xml, CTemplateTokenizer::stringToListItemToken, TextRule::FirstAfterStartTag,
+                     ignoreStart<Token>, onText)) {
+        return QString();
     }
-    return count;
+    if (listName.isEmpty()) {
+        return QStringLiteral("the list item at line %1 names no list (LIST_Name)").arg(line);
+    }
+    ++m_listItems;
+    return m_listItems > Limits::listItems ? tooMany(line, Limits::listItems, "list items") : QString();
+}
+
+QString LegacyWalk::faultOfLegends()
+{
+    using Token = CTemplateTokenizer::LegendToken;
+    int *bands = &m_bandsA;
+    qint64 line = 0;
+    const auto onStart = [&](Token token) {
+        if (token == CTemplateTokenizer::Section || token == CTemplateTokenizer::Lateral) {
+            bands = token == CTemplateTokenizer::Section ? &m_bandsA : &m_bandsB;
+            *bands = 0;
+        } else if (token == CTemplateTokenizer::LegendClass) {
+            ++*bands;
+            line = m_bandsA + m_bandsB == Limits::legendItems + 1 ? m_xml.lineNumber() : line;
+        }
+    };
+    walkSection(m_xml, CTemplateTokenizer::stringToLegendToken, TextRule::EveryWithinElement, onStart,
+                ignoreStart<Token>);
+    // A group that begins anew takes back what it had before.
+    return m_bandsA + m_bandsB > Limits::legendItems ? tooMany(line, Limits::legendItems, "bands")
+                                                     : QString();
+}
+
+QString LegacyWalk::faultOfXml() const
+{
+    const int line = static_cast<int>(m_xml.lineNumber());
+    const int column = static_cast<int>(m_xml.columnNumber()) + 1;
+    if (!m_file.excess().isEmpty() && !m_file.isFaultBeforeExcess(line, column)) {
+        return pastLimit(m_file.excessLine(), m_file.excess());
+    }
+    return m_xml.hasError() ? notWellFormed(line, column, m_xml.errorString()) : QString();
+}
+
+QDomNodeList elementsOf(const QDomNode &container, const char *name)
+{
+    const QString tagName = QLatin1String(name);
+    return container.isDocument() ? container.toDocument().elementsByTagName(tagName)
+                                  : container.toElement().elementsByTagName(tagName);
+}
+
+using Containers = QList<QDomNode>;
+
+Containers allOf(const QDomDocument &document, const char *name)
+{
+    Containers containers;
+    const QDomNodeList elements = elementsOf(document, name);
+    for (int i = 0; i < elements.count(); ++i) {
+        containers.append(elements.at(i));
+    }
+    return containers;
+}
+
+Containers views(const QDomDocument &document)
+{
+    return allOf(document, "View");
+}
+
+Containers valueLists(const QDomDocument &document)
+{
+    return allOf(document, "ValueList");
+}
+
+/// The scopes of the colours that hosts show.
+Containers defaultColorScopes(const QDomDocument &document)
+{
+    Containers scopes;
+    const QDomNode container = elementsOf(document, "ClassificationColorScopes").item(0);
+    const QDomNodeList all = elementsOf(container, "ClassificationColorScope");
+    for (int i = 0; i < all.count(); ++i) {
+        if (all.at(i).toElement().attribute(QStringLiteral("Name")) == QLatin1String("ClassColorDefault")) {
+            scopes.append(all.at(i));
+        }
+    }
+    return scopes;
 }
 
 /// What a document of the current format has too much of; empty when it has not.
 QString excessOf(const QDomDocument &document)
 {
-    const auto elements = [&document](const QString &name) { return document.elementsByTagName(name); };
-    if (countWithinEach(elements(QStringLiteral("View")), QStringLiteral("Column")) > Limits::columns) {
-        return tooMany(Limits::columns, QStringLiteral("columns"));
-    }
-    if (countWithinEach(elements(QStringLiteral("ValueList")), QStringLiteral("ValueListItem")) >
-        Limits::listItems) {
-        return tooMany(Limits::listItems, QStringLiteral("list items"));
+    static const struct
+    {
+        Containers (*containers)(const QDomDocument &document);
+        const char *name;
+        int limit;
+        const char *what;
+    } kinds[] = {
+        {defaultColorScopes, "ClassificationColor", Limits::legendItems, "bands"},
+        {views, "Column", Limits::columns, "columns"},
+        {valueLists, "ValueListItem", Limits::listItems, "list items"},
+    };
+    for (const auto &kind : kinds) {
+        int left = kind.limit;
+        for (const auto &container : kind.containers(document)) {
+            // In containers in each other an element counts for each.
+            const QDomNodeList elements = elementsOf(container, kind.name);
+            if (elements.count() > left) {
+                return tooMany(elements.at(left).lineNumber(), kind.limit, kind.what);
+            }
+            left -= elements.count();
+        }
     }
     return QString();
 }
@@ -99,31 +258,7 @@ QString nameOf(const CTemplateColumn &column)
 
 QString faultOfLegacyFile(TemplateFile &file)
 {
-    QXmlStreamReader xml(&file);
-    while (!isFinished(xml)) {
-        if (xml.readNext() != QXmlStreamReader::StartElement) {
-            continue;
-        }
-        const qint64 line = xml.lineNumber();
-        switch (CTemplateTokenizer::stringToTemplateToken(xml.name())) {
-        case CTemplateTokenizer::TXSYS:
-        case CTemplateTokenizer::TobrixTemplate:
-            break;
-        case CTemplateTokenizer::SYSLIST:
-            if (!namesItsList(xml)) {
-                return QStringLiteral("the list item at line %1 names no list (LIST_Name)").arg(line);
-            }
-            break;
-        default:
-            xml.skipCurrentElement();
-        }
-    }
-    const int line = static_cast<int>(xml.lineNumber());
-    const int column = static_cast<int>(xml.columnNumber()) + 1;
-    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
-        return excessOf(file);
-    }
-    return xml.hasError() ? notWellFormed(line, column, xml.errorString()) : QString();
+    return LegacyWalk(file).fault();
 }
 
 QString faultOfCurrentFile(TemplateFile &file)
@@ -134,24 +269,13 @@ QString faultOfCurrentFile(TemplateFile &file)
     int column = 0;
     const bool isWellFormed = document.setContent(&file, false, &explanation, &line, &column);
     if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
-        return excessOf(file);
+        return pastLimit(file.excessLine(), file.excess());
     }
     const QString excess = excessOf(document);
     if (!excess.isEmpty() || isWellFormed) {
         return excess;
     }
     return notWellFormed(line, column, explanation) + QStringLiteral("; what follows was lost");
-}
-
-QString readingFault(const CTemplateRawData &rawData)
-{
-    if (rawData.columns.size() >= Limits::columns) {
-        return tooMany(Limits::columns, QStringLiteral("columns"));
-    }
-    if (rawData.listItems.size() >= Limits::listItems) {
-        return tooMany(Limits::listItems, QStringLiteral("list items"));
-    }
-    return QStringLiteral("cannot be read");
 }
 
 QString buildingFault(const CTemplateRawData &rawData)

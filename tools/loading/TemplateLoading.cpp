@@ -89,10 +89,7 @@ QString problemOf(const LoadedRawData &loaded)
         return QString();
     }
     const QString problem = readingProblem(loaded.fileName);
-    if (loaded.isRead || !problem.isEmpty()) {
-        return problem;
-    }
-    return readingFault(*loaded.rawData);
+    return loaded.isRead || !problem.isEmpty() ? problem : QStringLiteral("cannot be read");
 }
 
 } // namespace Tobrix::Tools

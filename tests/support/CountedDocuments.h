@@ -1,0 +1,118 @@
+#pragma once
+
+#include "loading/Limits_p.h"
+#include "model/CProgramView.h"
+#include "rawdata/CTemplateRawData.h"
+
+#include <QByteArray>
+#include <QSet>
+
+#include <vector>
+
+/// A kind of thing that a template may have only so many of.
+struct CountedKind
+{
+    const char *name; ///< as messages call it
+    int most;
+    QByteArray begin; ///< of a document
+    QByteArray one;   ///< of the things, with "#" for what tells it from the others
+    QByteArray end;   ///< of a document
+    int (*countIn)(const Tobrix::Templates::CTemplateRawData &rawData);
+};
+
+/// A document with so many things of one kind, all in its first line but for the last, which stands in the
+/// second.
+inline QByteArray documentWith(const CountedKind &kind, int count)
+{
+    QByteArray document = kind.begin;
+    for (int i = 1; i <= count; ++i) {
+        document += (i < count ? QByteArray() : QByteArray("\n")) +
+                    QByteArray(kind.one).replace('#', QByteArray::number(i));
+    }
+    return document + kind.end;
+}
+
+namespace CountedIn {
+
+using Record = Tobrix::Templates::CTemplateRawData;
+
+inline int views(const Record &record)
+{
+    return record.programViews.size();
+}
+
+inline int listItems(const Record &record)
+{
+    return record.listItems.size();
+}
+
+inline int lists(const Record &record)
+{
+    return record.listItems.uniqueKeys().size();
+}
+
+inline int bands(const Record &record)
+{
+    return record.legendA.size() + record.legendB.size();
+}
+
+inline int legacyColumns(const Record &record)
+{
+    return record.columns.size();
+}
+
+inline int currentColumns(const Record &record)
+{
+    int count = 0;
+    for (const auto *view : record.programViews) {
+        count += view->columnCount();
+    }
+    return count;
+}
+
+} // namespace CountedIn
+
+// Names of views and lists may be made to fall together in a hash table.
+constexpr int mostViews = 10'000;
+constexpr int mostLists = 10'000;
+
+inline std::vector<CountedKind> countedLegacyKinds()
+{
+    using namespace Tobrix::Templates;
+    // Every document has a key and a view, so that something is left of it.
+    const QByteArray begin = "<TXSYS><SYSTPL><TPL_Key>k</TPL_Key></SYSTPL>";
+    const QByteArray end = "</TXSYS>";
+    return {
+        {"columns", Limits::columns, begin + "<PROGVIEW/>",
+         "<SYSCOL><COL_DataType>TXT</COL_DataType></SYSCOL>", end, CountedIn::legacyColumns},
+        {"list items", Limits::listItems, begin, "<SYSLIST><LIST_Name>n</LIST_Name></SYSLIST>", end,
+         CountedIn::listItems},
+        {"bands", Limits::legendItems, begin + "<LegendOfClassification>", "<class/>",
+         "</LegendOfClassification>" + end, CountedIn::bands},
+        {"views", mostViews, begin, "<PROGVIEW><PV_PK>#</PV_PK></PROGVIEW>", end, CountedIn::views},
+        {"value lists", mostLists, begin, "<SYSLIST><LIST_Name>#</LIST_Name></SYSLIST>", end,
+         CountedIn::lists},
+    };
+}
+
+inline std::vector<CountedKind> countedCurrentKinds()
+{
+    using namespace Tobrix::Templates;
+    const QByteArray begin = "<Template><Name>k</Name>";
+    const QByteArray end = "</Template>";
+    return {
+        {"columns", Limits::columns, begin + "<View>", "<Column/>", "</View>" + end,
+         CountedIn::currentColumns},
+        {"list items", Limits::listItems, begin + "<ValueList Name='n'>", "<ValueListItem/>",
+         "</ValueList>" + end, CountedIn::listItems},
+        {"bands", Limits::legendItems,
+         begin + "<ClassificationColorScopes><ClassificationColorScope Name='Other'><ClassificationColor/>"
+                 "</ClassificationColorScope>"
+                 "<ClassificationColorScope Name='ClassColorDefault' Scope='Section'>",
+         "<ClassificationColor/>", "</ClassificationColorScope></ClassificationColorScopes>" + end,
+         CountedIn::bands},
+        {"views", mostViews, begin, "<View Id='#'/>", end, CountedIn::views},
+        {"value lists", mostLists, begin, "<ValueList Name='#'><ValueListItem/></ValueList>", end,
+         CountedIn::lists},
+    };
+}
