@@ -216,7 +216,8 @@ bool PlainTemplateReader::isWithinLimits() const
            countWithinEach(m_document, QStringLiteral("ValueList"), QStringLiteral("ValueListItem")) <=
                Limits::listItems &&
            countWithinEach(m_document, QStringLiteral("ClassificationColorScope"),
-                           QStringLiteral("ClassificationColor")) <= Limits::legendItems;
+                           QStringLiteral("ClassificationColor")) <= Limits::legendItems &&
+           m_document.elementsByTagName(QStringLiteral("View")).count() <= Limits::views;
 }
 
 void PlainTemplateReader::readDocument()

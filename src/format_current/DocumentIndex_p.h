@@ -88,7 +88,8 @@ private:
     const ReadColumn m_readColumn;
     QDomNode m_node; // the last one that the walk has come to
     int m_depth = 0; // of that node
-    std::deque<Entry> m_entries; // in pieces: one large block would, once free, make freeing the document slow
+    // In pieces: one large block among the document's nodes would, once free, make freeing these slow.
+    std::deque<Entry> m_entries;
     std::vector<OpenEntry> m_open;
     mutable TextPool m_texts;
     // By position. Elements in each other may all have one text that had to be put together.
@@ -140,7 +141,8 @@ private:
     int m_position = 0;
 };
 
-/// The first element of each name below an element, for whoever wants many of them: they are found in one walk.
+/// The first element of each name below an element, for whoever wants many of them: they are found in one
+/// walk.
 class FirstElements
 {
 public:

@@ -152,7 +152,6 @@ bool isWithinLimits(const DocumentIndex &document)
         bands += isDefaultColorScope(scope) ? scope.all(ElementName::ClassificationColor).count() : 0;
     }
     return bands <= Limits::legendItems && document.all(ElementName::View).count() <= Limits::views &&
-           document.all(ElementName::ValueList).count() <= Limits::lists &&
            document.countWithinEach(ElementName::View, ElementName::Column) <= Limits::columns &&
            document.countWithinEach(ElementName::ValueList, ElementName::ValueListItem) <= Limits::listItems;
 }
@@ -162,8 +161,7 @@ class FollowedFile : public TemplateFile
 {
 public:
     // White space between tags is nothing to the document.
-    explicit FollowedFile(DocumentIndex &document)
-        : TemplateFile(Indentation::LeftOut), m_document(document)
+    explicit FollowedFile(DocumentIndex &document) : TemplateFile(Indentation::LeftOut), m_document(document)
     {
     }
 
@@ -305,8 +303,7 @@ void NewTemplateXMLReader::readValueListItems(const IndexedElement &valueList)
     }
 }
 
-void NewTemplateXMLReader::readProgramView(const DocumentIndex &document,
-                                           std::deque<ColumnRecord> &records)
+void NewTemplateXMLReader::readProgramView(const DocumentIndex &document, std::deque<ColumnRecord> &records)
 {
     // Columns look their defaults up when their view is made.
     readDefaultValues(document);

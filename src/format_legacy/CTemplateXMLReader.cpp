@@ -57,8 +57,7 @@ bool CTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &raw
             return false;
         }
     }
-    return m_xml->error() == QXmlStreamReader::NoError && m_file->excess().isEmpty() &&
-           m_rawData->listItems.uniqueKeys().size() <= Limits::lists;
+    return m_xml->error() == QXmlStreamReader::NoError && m_file->excess().isEmpty();
 }
 
 bool CTemplateXMLReader::readSectionAtStartTag()

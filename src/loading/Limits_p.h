@@ -11,7 +11,8 @@ namespace Tobrix::Templates::Limits {
 inline constexpr int fileSize = 512 * 1024 * 1024;
 
 /// Elements in each other. Qt's DOM parser and the destruction of its document take about 300 bytes of stack
-/// a level, and hosts run threads on 256 KiB. Besides, columns in each other each keep the text of what they hold.
+/// a level, and hosts run threads on 256 KiB. Besides, columns in each other each keep the text of what they
+/// hold.
 inline constexpr int depth = 48;
 
 /// Attributes of one element. Qt's stream reader compares each with all the others.
@@ -52,10 +53,9 @@ inline constexpr int columns = 250'000;
 /// Items of all lists. An item in lists in each other counts for each of them.
 inline constexpr int listItems = 250'000;
 
-/// Views, and lists, of one template. They are kept in hashes, and names may be made to fall together there:
-/// the time that takes grows with the square of their number.
+/// Views of a template. They are kept in a hash by their ids, and ids may be made to fall together there: the
+/// time that takes grows with the square of their number.
 inline constexpr int views = 10'000;
-inline constexpr int lists = 10'000;
 
 /// Bands of both legends. A band in scopes in each other counts for each of them.
 inline constexpr int legendItems = 100'000;

@@ -90,7 +90,9 @@ DeclaredEncoding declaredEncoding(const QString &declaration)
 
 } // namespace
 
-TemplateFile::TemplateFile(Indentation indentation) : m_indentation(indentation) {}
+TemplateFile::TemplateFile(Indentation indentation) : m_indentation(indentation)
+{
+}
 
 TemplateFile::~TemplateFile() = default;
 

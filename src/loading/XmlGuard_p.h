@@ -35,8 +35,8 @@ public:
 
     /// From now on, notes indentation.
     void noteIndentation() { m_notesIndentation = true; }
-    /// The blanks before markup among the bytes followed last, where there is nothing but white space since the
-    /// markup before it. Line breaks are not among them.
+    /// The blanks before markup among the bytes followed last, where there is nothing but white space since
+    /// the markup before it. Line breaks are not among them.
     const std::vector<Run> &indentation() const { return m_indentation; }
 
     /// Whether the bytes are whole: they end outside of all markup, and all elements are closed, and were
@@ -100,7 +100,8 @@ private:
     QString m_excess;
 
     bool m_notesIndentation = false;
-    bool m_isBehindMarkup = true; // with nothing but white space in between
+    // With nothing but white space in between. At the beginning there is none before an XML declaration.
+    bool m_isBehindMarkup = false;
     const char *m_bytes = nullptr;
     std::vector<Run> m_indentation;
 

@@ -51,7 +51,7 @@ void LegacyLimitsTest::oneMoreFailsTheFile()
 void LegacyLimitsTest::viewsOfOneIdAreOne()
 {
     const QByteArray view = "<PROGVIEW><PV_PK>v</PV_PK></PROGVIEW>";
-    const LegacyReading reading(legacyDocument(view.repeated(mostViews + 1)));
+    const LegacyReading reading(legacyDocument(view.repeated(Tobrix::Templates::Limits::views + 1)));
     QVERIFY(reading.isRead);
     QCOMPARE(reading.rawData.programViews.size(), 1);
 }

@@ -76,6 +76,7 @@ void addSmall(Attacks &attacks)
         "<PROGVIEW/>",
         "<SYSTPL/>",
         "<LegendOfClassification/>",
+        "<ValueList/>",
         "<a b='' c='' d='' e='' f='' g='' h=''/>",
     };
     for (const auto &kind : kinds) {
@@ -83,11 +84,9 @@ void addSmall(Attacks &attacks)
                    [=](Format format) { return document(format, repeated(kind, 1'000'000 / kind.size())); });
     }
     // There may be fewer of these.
-    for (const auto &kind : {QByteArray("<View/>"), QByteArray("<ValueList/>")}) {
-        attacks.push_back({kind + " over and over", Outcome::Refused,
-                           [=] { return document(Format::Current, repeated(kind, 1'000'000 / kind.size())); },
-                           Format::Current});
-    }
+    attacks.push_back({"<View/> over and over", Outcome::Refused,
+                       [] { return document(Format::Current, repeated("<View/>", 150'000)); },
+                       Format::Current});
     // No parser knows this entity.
     attacks.push_back({"unknown entities over and over, current", Outcome::Read,
                        [] { return document(Format::Current, repeated("x&a;", 250'000)); }, Format::Current});
@@ -136,13 +135,15 @@ void addCounted(Attacks &attacks, Format format, const QByteArray &formatName,
 void addFull(Attacks &attacks)
 {
     const auto columns = [](const QByteArray &column) {
-        return repeated(column, Limits::columns / mostViews);
+        return repeated(column, Limits::columns / Limits::views);
     };
-    const auto items = [](const QByteArray &item) { return repeated(item, Limits::listItems / mostLists); };
+    const auto items = [](const QByteArray &item) {
+        return repeated(item, Limits::listItems / Limits::views);
+    };
     attacks.push_back(
-        {"as many columns and items as may be in as many views and lists, legacy", Outcome::Read,
+        {"as many columns and items as may be in as many views as may be, legacy", Outcome::Read,
          [=] {
-             return document(Format::Legacy, numbered(mostViews, [=](const QByteArray &i) {
+             return document(Format::Legacy, numbered(Limits::views, [=](const QByteArray &i) {
                                  return "<PROGVIEW><PV_PK>" + i + "</PV_PK></PROGVIEW>" +
                                         columns("<SYSCOL><COL_ProgView_FK>" + i +
                                                 "</COL_ProgView_FK><COL_DataType>TXT"
@@ -152,9 +153,9 @@ void addFull(Attacks &attacks)
          },
          Format::Legacy});
     attacks.push_back(
-        {"as many columns and items as may be in as many views and lists, current", Outcome::Read,
+        {"as many columns and items as may be in as many views as may be, current", Outcome::Read,
          [=] {
-             return document(Format::Current, numbered(mostViews, [=](const QByteArray &i) {
+             return document(Format::Current, numbered(Limits::views, [=](const QByteArray &i) {
                                  return "<View Id='" + i + "'>" + columns("<Column DataType='Text'/>") +
                                         "</View><ValueList Name='" + i + "'>" + items("<ValueListItem/>") +
                                         "</ValueList>";

@@ -46,11 +46,6 @@ inline int listItems(const Record &record)
     return record.listItems.size();
 }
 
-inline int lists(const Record &record)
-{
-    return record.listItems.uniqueKeys().size();
-}
-
 inline int bands(const Record &record)
 {
     return record.legendA.size() + record.legendB.size();
@@ -72,10 +67,6 @@ inline int currentColumns(const Record &record)
 
 } // namespace CountedIn
 
-// Names of views and lists may be made to fall together in a hash table.
-constexpr int mostViews = 10'000;
-constexpr int mostLists = 10'000;
-
 inline std::vector<CountedKind> countedLegacyKinds()
 {
     using namespace Tobrix::Templates;
@@ -89,9 +80,7 @@ inline std::vector<CountedKind> countedLegacyKinds()
          CountedIn::listItems},
         {"bands", Limits::legendItems, begin + "<LegendOfClassification>", "<class/>",
          "</LegendOfClassification>" + end, CountedIn::bands},
-        {"views", mostViews, begin, "<PROGVIEW><PV_PK>#</PV_PK></PROGVIEW>", end, CountedIn::views},
-        {"value lists", mostLists, begin, "<SYSLIST><LIST_Name>#</LIST_Name></SYSLIST>", end,
-         CountedIn::lists},
+        {"views", Limits::views, begin, "<PROGVIEW><PV_PK>#</PV_PK></PROGVIEW>", end, CountedIn::views},
     };
 }
 
@@ -111,8 +100,6 @@ inline std::vector<CountedKind> countedCurrentKinds()
                  "<ClassificationColorScope Name='ClassColorDefault' Scope='Section'>",
          "<ClassificationColor/>", "</ClassificationColorScope></ClassificationColorScopes>" + end,
          CountedIn::bands},
-        {"views", mostViews, begin, "<View Id='#'/>", end, CountedIn::views},
-        {"value lists", mostLists, begin, "<ValueList Name='#'><ValueListItem/></ValueList>", end,
-         CountedIn::lists},
+        {"views", Limits::views, begin, "<View Id='#'/>", end, CountedIn::views},
     };
 }

@@ -9,6 +9,7 @@
 #include "rawdata/CTemplateRawData.h"
 
 #include <QDomDocument>
+#include <QSet>
 #include <QStringList>
 
 namespace Tobrix::Tools {
@@ -60,6 +61,7 @@ private:
     }
 
     QString faultAtStartTag();
+    QString faultOfView(qint64 line);
     QString faultOfColumn(qint64 line);
     QString faultOfListItem(qint64 line);
     QString faultOfLegends();
@@ -67,6 +69,7 @@ private:
 
     TemplateFile &m_file;
     QXmlStreamReader m_xml;
+    QSet<QString> m_views;
     int m_columns = 0;
     int m_listItems = 0;
     int m_bandsA = 0;
@@ -93,6 +96,8 @@ QString LegacyWalk::faultAtStartTag()
     case CTemplateTokenizer::TXSYS:
     case CTemplateTokenizer::TobrixTemplate:
         break;
+    case CTemplateTokenizer::PROGVIEW:
+        return faultOfView(line);
     case CTemplateTokenizer::SYSCOL:
         return faultOfColumn(line);
     case CTemplateTokenizer::SYSLIST:
@@ -103,6 +108,22 @@ QString LegacyWalk::faultAtStartTag()
         m_xml.skipCurrentElement();
     }
     return QString();
+}
+
+QString LegacyWalk::faultOfView(qint64 line)
+{
+    using Token = CTemplateTokenizer::ProgramViewToken;
+    QString id;
+    const auto onText = [&](Token token) {
+        if (token == CTemplateTokenizer::PV_PK) {
+            id = ownText(m_xml.text());
+        }
+    };
+    if (walkSection(m_xml, CTemplateTokenizer::stringToProgramViewToken, TextRule::FirstAfterStartTag,
+                    ignoreStart<Token>, onText)) {
+        m_views.insert(id);
+    }
+    return m_views.size() > Limits::views ? tooMany(line, Limits::views, "views") : QString();
 }
 
 QString LegacyWalk::faultOfColumn(qint64 line)
@@ -181,6 +202,11 @@ QDomNodeList elementsOf(const QDomNode &container, const char *name)
 
 using Containers = QList<QDomNode>;
 
+Containers wholeDocument(const QDomDocument &document)
+{
+    return {document};
+}
+
 Containers allOf(const QDomDocument &document, const char *name)
 {
     Containers containers;
@@ -226,6 +252,7 @@ QString excessOf(const QDomDocument &document)
         const char *what;
     } kinds[] = {
         {defaultColorScopes, "ClassificationColor", Limits::legendItems, "bands"},
+        {wholeDocument, "View", Limits::views, "views"},
         {views, "Column", Limits::columns, "columns"},
         {valueLists, "ValueListItem", Limits::listItems, "list items"},
     };
