@@ -14,8 +14,8 @@ constexpr int allMutations = 10'000;
 constexpr int mutationsOfRow = 100;
 
 // When not everything is wanted: a minute's worth of it, spread evenly.
-constexpr int fewPrefixes = 120;
-constexpr int fewMutationsOfRow = 30;
+constexpr int fewPrefixes = 300;
+constexpr int fewMutationsOfRow = 60;
 
 /// Every fourth mutation is one of a sample: they are few, but all of a template is in them.
 QString mutatedDocument(int seed)
