@@ -7,6 +7,11 @@ include(CMakePackageConfigHelpers)
 set(TOBRIX_INCLUDE_FOLDER "${CMAKE_INSTALL_INCLUDEDIR}/TobrixTemplates")
 set(TOBRIX_PACKAGE_FOLDER "${CMAKE_INSTALL_LIBDIR}/cmake/TobrixTemplates")
 
+# tobrix_compress(<file> <compressed file>): as Debian wants it, without the time of compression.
+function(tobrix_compress file compressed)
+    execute_process(COMMAND gzip -9 --no-name --stdout "${file}" OUTPUT_FILE "${compressed}" COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 # tobrix_install_library(<target> <name> <component>): a shared library, its headers, its pkg-config file, and the
 # targets file by which other builds know it as Tobrix::<name>.
 function(tobrix_install_library target name component)
@@ -51,8 +56,13 @@ function(tobrix_install_tool target)
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN/${to_libraries}")
     install(TARGETS ${target} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Tool)
 
-    configure_file(${target}.1.in ${target}.1 @ONLY)
-    install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${target}.1"
+    set(man_page "${CMAKE_CURRENT_BINARY_DIR}/${target}.1")
+    configure_file(${target}.1.in "${man_page}" @ONLY)
+    if(TOBRIX_DEBIAN_PACKAGES)
+        tobrix_compress("${man_page}" "${man_page}.gz")
+        string(APPEND man_page ".gz")
+    endif()
+    install(FILES "${man_page}"
         DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT Tool)
     install(FILES ${target}.bash
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME ${target} COMPONENT Tool)
