@@ -21,5 +21,6 @@ function(tobrix_use_host_sdk target sdk)
         message(FATAL_ERROR "TOBRIX_HOST_SDK=${sdk}: there is no shared library in lib/")
     endif()
     target_include_directories(${target} BEFORE PUBLIC "$<BUILD_INTERFACE:${sdk}/include>")
-    target_link_libraries(${target} PUBLIC ${libraries})
+    # An installed library does not know where its consumers keep the SDK: they bring it themselves.
+    target_link_libraries(${target} PUBLIC "$<BUILD_INTERFACE:${libraries}>")
 endfunction()

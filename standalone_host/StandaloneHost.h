@@ -21,6 +21,7 @@ class TOBRIX_STANDALONE_HOST_EXPORT StandaloneHost
 {
 public:
     /// The one host of the process.
+    /// @return the host, which lives until the process ends
     static StandaloneHost &instance();
 
     /// Enters a template into the registry, or gives a registered one another type.
@@ -42,7 +43,9 @@ public:
     void setLogSink(LogSink sink);
 
     /// Adds the templates and tables of a configuration file:
-    /// {"templates": {"<unique id>": "<type>"}, "tables": {"<table name>": <type number>}}.
+    /// @code{.json}
+    /// {"templates": {"<unique id>": "<type>"}, "tables": {"<table name>": <type number>}}
+    /// @endcode
     /// @param jsonFile path of the file
     /// @param errorMessage receives the file and the reason when the file cannot be used; may be null
     /// @return false when the file cannot be used; the host knows what it knew before then

@@ -38,21 +38,22 @@ public:
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:
-    void readTemplateData(const DocumentIndex &document);
-    void readClassificationColorPreset(const DocumentIndex &document);
-    void readCatalogs(const DocumentIndex &document);
+    TOBRIX_TEMPLATES_NO_EXPORT void readTemplateData(const DocumentIndex &document);
+    TOBRIX_TEMPLATES_NO_EXPORT void readClassificationColorPreset(const DocumentIndex &document);
+    TOBRIX_TEMPLATES_NO_EXPORT void readCatalogs(const DocumentIndex &document);
 
-    void readValueLists(const DocumentIndex &document);
-    void readValueListItems(const IndexedElement &valueList);
+    TOBRIX_TEMPLATES_NO_EXPORT void readValueLists(const DocumentIndex &document);
+    TOBRIX_TEMPLATES_NO_EXPORT void readValueListItems(const IndexedElement &valueList);
 
-    void readProgramView(const DocumentIndex &document, std::deque<ColumnRecord> &records);
-    ColumnRecord readColumn(const IndexedElement &column);
-    void readColumns(const IndexedElement &view, std::deque<ColumnRecord> &records,
-                     QList<CTemplateColumn *> &columns);
-    void readDefaultValues(const DocumentIndex &document);
+    TOBRIX_TEMPLATES_NO_EXPORT void readProgramView(const DocumentIndex &document,
+                                                    std::deque<ColumnRecord> &records);
+    TOBRIX_TEMPLATES_NO_EXPORT ColumnRecord readColumn(const IndexedElement &column);
+    TOBRIX_TEMPLATES_NO_EXPORT void readColumns(const IndexedElement &view, std::deque<ColumnRecord> &records,
+                                                QList<CTemplateColumn *> &columns);
+    TOBRIX_TEMPLATES_NO_EXPORT void readDefaultValues(const DocumentIndex &document);
 
-    void readLegendLists(const DocumentIndex &document);
-    void readLegendListItem(const IndexedElement &scope, QString scopeName);
+    TOBRIX_TEMPLATES_NO_EXPORT void readLegendLists(const DocumentIndex &document);
+    TOBRIX_TEMPLATES_NO_EXPORT void readLegendListItem(const IndexedElement &scope, QString scopeName);
 
     QDomDocument m_document;
     CTemplateRawData *m_rawData = nullptr;

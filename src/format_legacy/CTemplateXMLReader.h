@@ -31,13 +31,13 @@ public:
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:
-    bool readSectionAtStartTag();
+    TOBRIX_TEMPLATES_NO_EXPORT bool readSectionAtStartTag();
 
-    bool readTemplate();
-    bool readProgramView();
-    bool readColumn();
-    bool readListItem();
-    bool readLegendItems() const;
+    TOBRIX_TEMPLATES_NO_EXPORT bool readTemplate();
+    TOBRIX_TEMPLATES_NO_EXPORT bool readProgramView();
+    TOBRIX_TEMPLATES_NO_EXPORT bool readColumn();
+    TOBRIX_TEMPLATES_NO_EXPORT bool readListItem();
+    TOBRIX_TEMPLATES_NO_EXPORT bool readLegendItems() const;
 
     CTemplateRawData *m_rawData = nullptr;
     // The XML reader reads from the file, so it goes first when the members are destroyed.

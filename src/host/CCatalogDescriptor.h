@@ -12,19 +12,25 @@ public:
     /// A descriptor whose three texts are null.
     CCatalogDescriptor();
 
-    /// The catalogue's identifier; null when never set.
+    /// The catalogue's identifier.
+    /// @return null when never set
     QString id() const;
     /// Sets the catalogue's identifier.
+    /// @param id the catalogue's identifier; empty for none
     void setId(const QString &id);
 
-    /// The country that the catalogue is for, as a code; null when never set.
+    /// The country that the catalogue is for, as a code.
+    /// @return null when never set
     QString countryCode() const;
     /// Sets the country code.
+    /// @param countryCode the country that the catalogue is for, as a code; empty for none
     void setCountryCode(const QString &countryCode);
 
-    /// The language that the catalogue is written in, as a code; null when never set.
+    /// The language that the catalogue is written in, as a code.
+    /// @return null when never set
     QString languageCode() const;
     /// Sets the language code.
+    /// @param languageCode the language that the catalogue is written in, as a code; empty for none
     void setLanguageCode(const QString &languageCode);
 
 private:

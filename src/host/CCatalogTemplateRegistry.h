@@ -12,7 +12,9 @@ class CTemplateDescriptor;
 class Q_DECL_IMPORT CCatalogTemplateRegistry
 {
 public:
-    /// The registered template of that unique id, owned by the registry; null when there is none.
+    /// The registered template of a unique id.
+    /// @param uniqueId the template's identity, compared exactly; may be empty
+    /// @return what is known of the template, owned by the registry; null when it is not registered
     CTemplateDescriptor *templateByUniqueId(const QString &uniqueId) const;
 };
 

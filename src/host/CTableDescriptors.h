@@ -14,7 +14,9 @@ enum class DBTableType : int;
 class Q_DECL_IMPORT CTableDescriptors
 {
 public:
-    /// The kind of the table of that name. What an unknown name gives is the host's to say.
+    /// The kind of a table.
+    /// @param tableName the table's name as a template file gives it; may be empty
+    /// @return the kind; what an unknown name gives is the host's to say
     static DBTableType tableTypeFromTableName(const QString &tableName);
 };
 

@@ -10,7 +10,8 @@ namespace Tobrix::CATManagement {
 class Q_DECL_IMPORT CTemplateDescriptor
 {
 public:
-    /// The template's type; empty when the registry has none either.
+    /// The template's type.
+    /// @return empty when the registry has none either
     QString type() const;
 };
 

@@ -12,10 +12,12 @@ namespace Tobrix::AppLogic {
 class Q_DECL_IMPORT CoreApplication
 {
 public:
-    /// The running application, owned by the host; null before it has started or after it has ended.
+    /// The running application.
+    /// @return the application, owned by the host; null before it has started or after it has ended
     static CoreApplication *instance();
 
-    /// The registry of the catalogue templates that the host knows, owned by the host; may be null.
+    /// The registry of the catalogue templates that the host knows.
+    /// @return the registry, owned by the host; may be null
     CATManagement::CCatalogTemplateRegistry *catalogTemplateRegistry() const;
 };
 

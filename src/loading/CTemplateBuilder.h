@@ -44,9 +44,9 @@ public:
 private:
     Q_DISABLE_COPY(CTemplateBuilder)
 
-    void assignTemplateBaseData();
-    bool associateColumnsWithProgramViews();
-    void buildLists();
+    TOBRIX_TEMPLATES_NO_EXPORT void assignTemplateBaseData();
+    TOBRIX_TEMPLATES_NO_EXPORT bool associateColumnsWithProgramViews();
+    TOBRIX_TEMPLATES_NO_EXPORT void buildLists();
 
     CTemplateRawData *m_rawData = nullptr;
     CCatalogTemplate *m_template = nullptr;

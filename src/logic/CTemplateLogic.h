@@ -30,13 +30,15 @@ public:
     /// Gives the template up, which is deleted when nobody else holds it. The record is left alone.
     ~CTemplateLogic() override;
 
-    /// The template held; null when there is none. The template lives as long as anybody holds it.
+    /// The template held. It lives as long as anybody holds it.
+    /// @return null when there is none
     QSharedPointer<CCatalogTemplate> catalogTemplate() const;
     /// Holds another template, or none, and gives up the one held before.
     /// @param catalogTemplate the template; null for none
     void setCatalogTemplate(const QSharedPointer<CCatalogTemplate> &catalogTemplate);
 
-    /// The values of the host's current record by field; null when never set. Owned by the host.
+    /// The values of the host's current record by field.
+    /// @return the record, owned by the host; null when never set
     QHash<QString, QVariant> *data() const;
     /// Sets the host's current record.
     /// @param data the record, which stays the host's and must outlive its use here; null for none

@@ -44,14 +44,18 @@ public:
 
     ~CDateColumn() override;
 
-    /// Whether a new record starts with the current date; false when never set.
+    /// Whether a new record starts with the current date.
+    /// @return false when never set
     bool initializeWithNow() const;
     /// Sets whether a new record starts with the current date.
+    /// @param initializeWithNow whether a new record starts with the current date
     void setInitializeWithNow(bool initializeWithNow);
 
-    /// The format in which dates are displayed; empty when the host's own format is used. Logs nothing.
+    /// The format in which dates are displayed. Logs nothing.
+    /// @return empty when the host's own format is used
     QString displayFormat() const override;
     /// Sets the format in which dates are displayed. Logs nothing.
+    /// @param displayFormat the format in which dates are displayed; empty for none
     void setDisplayFormat(const QString &displayFormat) override;
 
 private:

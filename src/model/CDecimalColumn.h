@@ -46,24 +46,32 @@ public:
 
     ~CDecimalColumn() override;
 
-    /// The least value that users may enter, in unit(); 0.0 when never set.
+    /// The least value that users may enter, in unit().
+    /// @return 0.0 when never set
     double minimumValue() const;
     /// Sets the least value.
+    /// @param minimumValue the least value that users may enter, in unit()
     void setMinimumValue(double minimumValue);
 
-    /// The greatest value that users may enter, in unit(); 0.0 when never set.
+    /// The greatest value that users may enter, in unit().
+    /// @return 0.0 when never set
     double maximumValue() const;
     /// Sets the greatest value.
+    /// @param maximumValue the greatest value that users may enter, in unit()
     void setMaximumValue(double maximumValue);
 
-    /// The step by which an editor counts up and down; 0.0 when there is none.
+    /// The step by which an editor counts up and down.
+    /// @return 0.0 when there is none
     double stepInterval() const;
     /// Sets the step.
+    /// @param stepInterval the step by which an editor counts up and down
     void setStepInterval(double stepInterval);
 
-    /// The number of decimal places; 0 when never set.
+    /// The number of decimal places.
+    /// @return 0 when never set
     int precision() const;
     /// Sets the number of decimal places.
+    /// @param precision the number of decimal places
     void setPrecision(int precision);
 
 private:

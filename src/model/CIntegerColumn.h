@@ -45,19 +45,25 @@ public:
 
     ~CIntegerColumn() override;
 
-    /// The least value that users may enter; 0 when never set.
+    /// The least value that users may enter.
+    /// @return 0 when never set
     int minimumValue() const;
     /// Sets the least value.
+    /// @param minimumValue the least value that users may enter
     void setMinimumValue(int minimumValue);
 
-    /// The greatest value that users may enter; 0 when never set.
+    /// The greatest value that users may enter.
+    /// @return 0 when never set
     int maximumValue() const;
     /// Sets the greatest value.
+    /// @param maximumValue the greatest value that users may enter
     void setMaximumValue(int maximumValue);
 
-    /// The step by which an editor counts up and down; 0 when there is none.
+    /// The step by which an editor counts up and down.
+    /// @return 0 when there is none
     int stepInterval() const;
     /// Sets the step.
+    /// @param stepInterval the step by which an editor counts up and down
     void setStepInterval(int stepInterval);
 
 private:

@@ -21,34 +21,46 @@ public:
     /// Deletes the item.
     ~CListItem();
 
-    /// The item's identity; empty for items of the current format.
+    /// The item's identity.
+    /// @return empty for items of the current format
     QString uniqueId() const;
     /// Sets the item's identity.
+    /// @param uniqueId the item's identity; empty for none
     void setUniqueId(const QString &uniqueId);
 
     /// The value that is stored in a record when the item is chosen.
+    /// @return empty when never set
     QString item() const;
     /// Sets the stored value.
+    /// @param item the value that is stored in a record when the item is chosen; empty for none
     void setItem(const QString &item);
 
     /// What users see.
+    /// @return empty when never set
     QString caption() const;
     /// Sets what users see.
+    /// @param caption what users see; empty for none
     void setCaption(const QString &caption);
 
-    /// A remark on the item; empty for items of the current format.
+    /// A remark on the item.
+    /// @return empty for items of the current format
     QString comment() const;
     /// Sets the remark.
+    /// @param comment a remark on the item; empty for none
     void setComment(const QString &comment);
 
     /// The value that the host calculates with.
+    /// @return empty when never set
     QString internalValue() const;
     /// Sets the value that the host calculates with.
+    /// @param internalValue the value that the host calculates with; empty for none
     void setInternalValue(const QString &internalValue);
 
-    /// The item's position in its list, ascending; -1 when never set.
+    /// The item's position in its list, ascending.
+    /// @return -1 when never set
     int sortOrder() const;
     /// Sets the position. The list's order does not follow it.
+    /// @param sortOrder the item's position in its list, ascending
     void setSortOrder(int sortOrder);
 
 private:

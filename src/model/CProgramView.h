@@ -25,18 +25,24 @@ public:
     ~CProgramView();
 
     /// The view's identity.
+    /// @return empty when never set
     QString uniqueId() const;
     /// Sets the view's identity.
+    /// @param uniqueId the view's identity; empty for none
     void setUniqueId(const QString &uniqueId);
 
     /// The name by which hosts ask for the view.
+    /// @return empty when never set
     QString key() const;
     /// Sets the name by which hosts ask for the view.
+    /// @param key the name by which hosts ask for the view; empty for none
     void setKey(const QString &key);
 
     /// What the view is for, in words.
+    /// @return empty when never set
     QString description() const;
     /// Sets what the view is for.
+    /// @param description what the view is for, in words; empty for none
     void setDescription(const QString &description);
 
     /// Deletes the columns that the view holds and takes over others.
@@ -46,6 +52,7 @@ public:
     void setColumns(const QList<CTemplateColumn *> &columns);
 
     /// The number of columns, null entries included.
+    /// @return 0 when there is none
     int columnCount() const;
 
     /// The column at a position, owned by the view.

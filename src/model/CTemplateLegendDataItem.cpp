@@ -4,6 +4,7 @@ namespace Tobrix::Templates {
 
 CTemplateLegendDataItem::CTemplateLegendDataItem() = default;
 
+// NOLINTNEXTLINE(readability-make-member-function-const): hosts are linked against it as it is.
 bool CTemplateLegendDataItem::operator==(const CTemplateLegendDataItem &other)
 {
     return numberFrom == other.numberFrom && numberTo == other.numberTo && color == other.color &&

@@ -14,9 +14,11 @@ public:
     /// A band from -1 to -1 without colour and captions.
     CTemplateLegendDataItem();
 
-    /// Whether both describe the same band: bounds and colour equal, captions equal but for the amount of
-    /// white space. The id does not count.
+    /// Compares two bands.
     /// @param other the band to compare with
+    /// @return whether both describe the same band: bounds and colour equal, captions equal but for the
+    /// amount
+    ///         of white space; the id does not count
     bool operator==(const CTemplateLegendDataItem &other);
 
     QString id;               ///< Identifier of the legend class; empty in the current format.

@@ -42,9 +42,11 @@ public:
 
     ~CTextColumn() override;
 
-    /// The longest text that can be stored, in characters; 0 when there is no limit.
+    /// The longest text that can be stored, in characters.
+    /// @return 0 when there is no limit
     int maximumTextLength() const;
     /// Sets the longest text that can be stored, in characters.
+    /// @param maximumTextLength the longest text that can be stored, in characters
     void setMaximumTextLength(int maximumTextLength);
 
 private:

@@ -42,9 +42,11 @@ public:
 
     ~CTimeColumn() override;
 
-    /// Whether a new record starts with the current time; false when never set.
+    /// Whether a new record starts with the current time.
+    /// @return false when never set
     bool initializeWithNow() const;
     /// Sets whether a new record starts with the current time.
+    /// @param initializeWithNow whether a new record starts with the current time
     void setInitializeWithNow(bool initializeWithNow);
 
 private:

@@ -3,7 +3,6 @@
 #include "support/ColumnProperties.h"
 #include "support/RecordedLog.h"
 #include "support/TextWitness.h"
-#include "support/VirtualSlot.h"
 
 #include <QTest>
 
@@ -68,9 +67,6 @@ private Q_SLOTS:
     void settingDisplayFormatOfOtherThanDatesWarnsAndChangesNothing();
     void deletingThroughTheBaseReleasesEveryText_data();
     void deletingThroughTheBaseReleasesEveryText();
-    void virtualOperationHasItsSlot_data();
-    void virtualOperationHasItsSlot();
-    void uniqueIdIsNotVirtual();
 };
 
 void TemplateColumnTest::columnTypesHaveTheirNumbers_data()
@@ -285,77 +281,6 @@ void TemplateColumnTest::deletingThroughTheBaseReleasesEveryText()
     for (const auto &witness : witnesses) {
         QVERIFY(!witness.isHeld());
     }
-}
-
-void TemplateColumnTest::virtualOperationHasItsSlot_data()
-{
-    using Column = CTemplateColumn;
-    const std::vector<std::pair<const char *, int>> operations = {
-        {"setUniqueId", virtualSlot(&Column::setUniqueId)},
-        {"boundColumn", virtualSlot(&Column::boundColumn)},
-        {"setBoundColumn", virtualSlot(&Column::setBoundColumn)},
-        {"tableName", virtualSlot(&Column::tableName)},
-        {"setTableName", virtualSlot(&Column::setTableName)},
-        {"caption", virtualSlot(&Column::caption)},
-        {"setCaption", virtualSlot(&Column::setCaption)},
-        {"toolTip", virtualSlot(&Column::toolTip)},
-        {"setToolTip", virtualSlot(&Column::setToolTip)},
-        {"dataType", virtualSlot(&Column::dataType)},
-        {"setDataType", virtualSlot(&Column::setDataType)},
-        {"unit", virtualSlot(&Column::unit)},
-        {"setUnit", virtualSlot(&Column::setUnit)},
-        {"dataSource", virtualSlot(&Column::dataSource)},
-        {"setDataSource", virtualSlot(&Column::setDataSource)},
-        {"displayFormat", virtualSlot(&Column::displayFormat)},
-        {"setDisplayFormat", virtualSlot(&Column::setDisplayFormat)},
-        {"sortOrder", virtualSlot(&Column::sortOrder)},
-        {"setSortOrder", virtualSlot(&Column::setSortOrder)},
-        {"width", virtualSlot(&Column::width)},
-        {"setWidth", virtualSlot(&Column::setWidth)},
-        {"groupLevel", virtualSlot(&Column::groupLevel)},
-        {"setGroupLevel", virtualSlot(&Column::setGroupLevel)},
-        {"columnType", virtualSlot(&Column::columnType)},
-        {"typeFlags", virtualSlot(&Column::typeFlags)},
-        {"setTypeFlags", virtualSlot(&Column::setTypeFlags)},
-        {"isVisible", virtualSlot(&Column::isVisible)},
-        {"setVisible", virtualSlot(&Column::setVisible)},
-        {"isReadOnly", virtualSlot(&Column::isReadOnly)},
-        {"setReadOnly", virtualSlot(&Column::setReadOnly)},
-        {"isMandatory", virtualSlot(&Column::isMandatory)},
-        {"setMandatory", virtualSlot(&Column::setMandatory)},
-        {"isVirtual", virtualSlot(&Column::isVirtual)},
-        {"setVirtual", virtualSlot(&Column::setVirtual)},
-        {"defaultValue", virtualSlot(&Column::defaultValue)},
-        {"setDefaultValue", virtualSlot(&Column::setDefaultValue)},
-        {"hasDefaultValue", virtualSlot(&Column::hasDefaultValue)},
-        {"setValueTransfer", virtualSlot(&Column::setValueTransfer)},
-        {"isValueTransfer", virtualSlot(&Column::isValueTransfer)},
-        {"setControlType", virtualSlot(&Column::setControlType)},
-        {"getControlType", virtualSlot(&Column::getControlType)},
-    };
-    QTest::addColumn<int>("slot");
-    QTest::addColumn<int>("expected");
-    int expected = 2; // behind the destructor's two
-    for (const auto &[name, slot] : operations) {
-        QTest::newRow(name) << slot << expected++;
-    }
-}
-
-void TemplateColumnTest::virtualOperationHasItsSlot()
-{
-    if (!virtualSlotsAreKnown) {
-        QSKIP("The table of virtual operations cannot be looked into on this platform.");
-    }
-    QFETCH(int, slot);
-    QTEST(slot, "expected");
-}
-
-void TemplateColumnTest::uniqueIdIsNotVirtual()
-{
-    if (!virtualSlotsAreKnown) {
-        QSKIP("The table of virtual operations cannot be looked into on this platform.");
-    }
-    QCOMPARE(virtualSlot(&CTemplateColumn::uniqueId), -1);
 }
 
 QTEST_APPLESS_MAIN(TemplateColumnTest)

@@ -132,7 +132,7 @@ QString TextTable::line(const QStringList &cells, const std::vector<int> &widths
         if (widths[i] == 0) {
             continue;
         }
-        const QString cell = cells.at(static_cast<int>(i));
+        const QString &cell = cells.at(static_cast<int>(i));
         const QString padding(widths[i] - displayWidth(cell), QLatin1Char(' '));
         parts.append(m_columns[i].alignment == Alignment::Right ? padding + cell : cell + padding);
     }
