@@ -6,6 +6,9 @@
 //   peak       peak memory of a process that loads, beyond that of one that does nothing (MiB), and of one
 //              that only parses (floorPeak)
 //   held       bytes that the finished template holds, per column
+//
+// For a profiler, one load or one bare parse of a generated template:
+//   load-benchmark --once load|parse current|legacy COLUMNS
 
 #include "GeneratedTemplate.h"
 #include "HeapCounter.h"
@@ -14,12 +17,14 @@
 
 #include "standalone_host/StandaloneHost.h"
 
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <vector>
 
 #include <malloc.h>
@@ -111,6 +116,22 @@ void registerBenchmarks(const QString &folder)
     }
 }
 
+/// Runs one load or one bare parse when the arguments ask for that.
+bool runOnce(const QString &folder, const QStringList &arguments)
+{
+    if (arguments.size() != 5 || arguments.at(1) != QLatin1String("--once")) {
+        return false;
+    }
+    const Format format = arguments.at(3) == QLatin1String("current") ? Format::Current : Format::Legacy;
+    const QString file = writeGeneratedTemplate(folder, format, Ids::Short, arguments.at(4).toInt());
+    if (arguments.at(2) == QLatin1String("load")) {
+        load(file);
+    } else {
+        parseBare(file, format);
+    }
+    return true;
+}
+
 } // namespace
 } // namespace Tobrix::Benchmarks
 
@@ -122,6 +143,12 @@ int main(int argc, char **argv)
     }
     Tobrix::Standalone::StandaloneHost::instance().setLogSink([](int, const QString &, const QString &) {});
     const QTemporaryDir folder;
+    QStringList arguments;
+    std::transform(argv, argv + argc, std::back_inserter(arguments),
+                   [](const char *argument) { return QString::fromLocal8Bit(argument); });
+    if (runOnce(folder.path(), arguments)) {
+        return 0;
+    }
     registerBenchmarks(folder.path());
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
