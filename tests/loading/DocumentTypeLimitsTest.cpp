@@ -76,6 +76,7 @@ void DocumentTypeLimitsTest::documentTypeIsReadWithinItsLimits_data()
     row("17 parentheses in each other",
         "<!ELEMENT x " + QByteArray(17, '(') + 'y' + QByteArray(17, ')') + '>', "plain", false);
     row("a document type of more than 16 KiB", "<!--" + QByteArray(17 * 1024, ' ') + "-->", "plain", false);
+    row("a document type of 10 KiB", "<!--" + QByteArray(10 * 1024, ' ') + "-->", "plain", true);
     row("16 entities in each other", entitiesInEachOther(16), "&e16;", true);
     row("17 entities in each other", entitiesInEachOther(17), "&e17;", false);
     row("an entity in itself", entity("e", "&e;"), "&e;", false);
@@ -88,8 +89,18 @@ void DocumentTypeLimitsTest::documentTypeIsReadWithinItsLimits_data()
     row("an entity with half a reference", entity("e", "&#38;#"), "&e;", false);
     row("an entity with a character's number", entity("e", "A&#66;&#x43;"), "&e;", true);
     row("an entity with a character past ASCII", entity("e", "&#228;"), "&e;", true);
+    row("an entity with a character past 16 bits", entity("e", "&#x1F600;"), "text &e;", true);
+    row("an entity with a reference put together of characters", entity("e", "&#38;&#228;;"), "&e;", false);
+    row("an entity with a reference to none", entity("e", "&none;"), "&e;", false);
     row("an entity with a number that is cut to markup", entity("e", "&#65596;"), "&e;", false);
     row("a default of an attribute", "<!ATTLIST Name kind CDATA \"none\">", "plain", true);
+    row("a default on 100 elements", "<!ATTLIST b kind CDATA \"none\">",
+        "text" + QByteArray("<b/>").repeated(100), true);
+    row("a default on more than 10000 elements", "<!ATTLIST b kind CDATA \"none\">",
+        "text" + QByteArray("<b/>").repeated(10001), false);
+    row("defaults of more than 262144 characters",
+        "<!ATTLIST b kind CDATA \"" + QByteArray(1000, 'x') + "\">",
+        "text" + QByteArray("<b/>").repeated(300), false);
     row("a default with an entity", text + "<!ATTLIST Name kind CDATA \"&e;\">", "plain", true);
     row("a default with too many references",
         text + "<!ATTLIST Name kind CDATA \"" + QByteArray("&e;").repeated(1001) + "\">", "plain", false);
