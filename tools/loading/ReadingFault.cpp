@@ -1,5 +1,7 @@
 #include "tools/loading/ReadingFault.h"
 
+#include "tools/loading/XmlVerdict.h"
+
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacySection_p.h"
 #include "loading/Limits_p.h"
@@ -16,21 +18,12 @@ using namespace Templates;
 
 namespace {
 
-/// A parser's explanation as the end of a sentence of ours.
-QString withoutFullStop(QString explanation)
-{
-    if (explanation.endsWith(QLatin1Char('.'))) {
-        explanation.chop(1);
-    }
-    return explanation;
-}
-
-QString notWellFormed(qint64 line, qint64 column, const QString &explanation)
+QString notWellFormed(const XmlVerdict &verdict)
 {
     return QStringLiteral("not well-formed at line %1, column %2: %3")
-        .arg(line)
-        .arg(column)
-        .arg(withoutFullStop(explanation));
+        .arg(verdict.line)
+        .arg(verdict.column)
+        .arg(verdict.explanation);
 }
 
 /// Walks over a list item as the legacy reader does, and says whether it names its list.
@@ -118,29 +111,25 @@ QString faultOfLegacyFile(TemplateFile &file)
             xml.skipCurrentElement();
         }
     }
-    const int line = static_cast<int>(xml.lineNumber());
-    const int column = static_cast<int>(xml.columnNumber()) + 1;
-    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
+    const XmlVerdict verdict = verdictOf(xml);
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(verdict.line, verdict.column)) {
         return excessOf(file);
     }
-    return xml.hasError() ? notWellFormed(line, column, xml.errorString()) : QString();
+    return verdict.isWellFormed ? QString() : notWellFormed(verdict);
 }
 
 QString faultOfCurrentFile(TemplateFile &file)
 {
     QDomDocument document;
-    QString explanation;
-    int line = 0;
-    int column = 0;
-    const bool isWellFormed = document.setContent(&file, false, &explanation, &line, &column);
-    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
+    const XmlVerdict verdict = judgeByDom(file, document);
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(verdict.line, verdict.column)) {
         return excessOf(file);
     }
     const QString excess = excessOf(document);
-    if (!excess.isEmpty() || isWellFormed) {
+    if (!excess.isEmpty() || verdict.isWellFormed) {
         return excess;
     }
-    return notWellFormed(line, column, explanation) + QStringLiteral("; what follows was lost");
+    return notWellFormed(verdict) + QStringLiteral("; what follows was lost");
 }
 
 QString readingFault(const CTemplateRawData &rawData)
