@@ -91,7 +91,10 @@ void CheckedFile::read()
     m_verdict = verdictOn(bytes, m_isCurrent);
     if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(m_verdict.line, m_verdict.column)) {
         m_excess = file.excess();
-        m_faultAt = places().offsetOf(file.excessLine(), file.excessColumn());
+        // What is too much is noticed within the tag that brings it.
+        const int noticedAt = places().offsetOf(file.excessLine(), file.excessColumn());
+        const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), noticedAt);
+        m_faultAt = tagAt < 0 ? noticedAt : tagAt;
     } else if (!m_verdict.isWellFormed) {
         // The parsers stop behind the fault. Where an element is at fault, its own place says more.
         m_faultAt = places().offsetOf(m_verdict.line, m_verdict.column);

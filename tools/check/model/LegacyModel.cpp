@@ -120,6 +120,9 @@ private:
     void readColumn(const XmlElement &section);
     void readListItem(const XmlElement &section);
     void readLegends(const XmlElement &section);
+    void beginLegend(const XmlElement &element, std::vector<BandModel> &legend);
+    void readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
+                     QHash<int, int> &captionsOfClass);
     BandModel bandOf(const XmlElement &element);
 
     template <typename Fields, typename KindOf>
@@ -420,31 +423,48 @@ BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
 void LegacyModelBuilder::readLegends(const XmlElement &section)
 {
     std::vector<BandModel> *legend = &m_model.legends[0];
+    QHash<int, int> captionsOfClass;
     const auto readings = readSection(section, Tokens::stringToLegendToken, TextRule::EveryWithinElement);
     for (const auto &reading : readings) {
-        const QString name = reading.element.name().toString();
         switch (reading.token) {
         case Tokens::Section:
         case Tokens::Lateral:
             legend = &m_model.legends[reading.token == Tokens::Section ? 0 : 1];
-            if (!legend->empty()) {
-                m_model.lostLegends.push_back(
-                    {reading.element.at(), LostLegend::ClearedGroup, name, static_cast<int>(legend->size())});
-            }
-            legend->clear();
+            beginLegend(reading.element, *legend);
             break;
         case Tokens::LegendClass:
             legend->push_back(bandOf(reading.element));
+            captionsOfClass.clear();
             break;
         default:
-            if (reading.text >= 0 && legend->empty()) {
-                m_model.lostLegends.push_back(
-                    {reading.element.at(), LostLegend::CaptionWithoutClass, name, 0});
-            } else {
-                keepValue(reading, ValueKind::Text);
-            }
+            readCaption(reading, *legend, captionsOfClass);
         }
     }
+}
+
+void LegacyModelBuilder::beginLegend(const XmlElement &element, std::vector<BandModel> &legend)
+{
+    if (!legend.empty()) {
+        m_model.lostLegends.push_back({element.at(), LostLegend::ClearedGroup, element.name().toString(),
+                                       static_cast<int>(legend.size())});
+    }
+    legend.clear();
+}
+
+void LegacyModelBuilder::readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
+                                     QHash<int, int> &captionsOfClass)
+{
+    if (reading.text < 0) {
+        return;
+    }
+    if (legend.empty()) {
+        m_model.lostLegends.push_back(
+            {reading.element.at(), LostLegend::CaptionWithoutClass, reading.element.name().toString(), 0});
+        return;
+    }
+    keepValue(reading, ValueKind::Text);
+    noteOverwritten(reading, captionsOfClass);
+    captionsOfClass.insert(reading.token, reading.element.at());
 }
 
 } // namespace

@@ -48,6 +48,47 @@ bool hasAnyOf(const XmlTree &tree, const Names &names)
                        [&tree](QLatin1String name) { return tree.numberOf(name) >= 0; });
 }
 
+/// An element of the current format that is read in a container only.
+struct ContainedElement
+{
+    QLatin1String element;
+    QLatin1String container;
+};
+
+constexpr ContainedElement containedElements[] = {
+    {QLatin1String("Column"), QLatin1String("View")},
+    {QLatin1String("ValueListItem"), QLatin1String("ValueList")},
+    {QLatin1String("DefaultValueScope"), QLatin1String("DefaultValues")},
+    {QLatin1String("DefaultValueItem"), QLatin1String("DefaultValueScope")},
+    {QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColorScopes")},
+    {QLatin1String("ClassificationColor"), QLatin1String("ClassificationColorScope")},
+    {QLatin1String("ClassificationColorPreset"), QLatin1String("ClassificationColorPresets")},
+};
+
+bool isWithin(XmlElement element, QLatin1String container)
+{
+    for (element = element.parent(); !element.isNull(); element = element.parent()) {
+        if (element.hasName(container)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void checkContainers(const XmlTree &tree, Findings &findings)
+{
+    for (const auto &row : containedElements) {
+        for (const auto &element : tree.all(row.element)) {
+            if (!isWithin(element, row.container)) {
+                findings.add(element.at(),
+                             QStringLiteral("<%1> outside of a <%2> is not read: what it describes is "
+                                            "missing from the template")
+                                 .arg(row.element, row.container));
+            }
+        }
+    }
+}
+
 bool hasUnknownRoot(const CheckedFile &file)
 {
     const XmlElement root = file.tree().root();
@@ -148,7 +189,8 @@ void checkRoot(const CheckedFile &file, Findings &findings)
 
 void checkReachability(const CheckedFile &file, Findings &findings)
 {
-    if (hasUnknownRoot(file)) {
+    if (file.isCurrent()) {
+        checkContainers(file.tree(), findings);
         return;
     }
     for (const auto &section : file.model().unreachableSections) {

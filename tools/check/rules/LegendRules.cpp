@@ -4,6 +4,7 @@
 #include "tools/check/rules/Colours.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Wording.h"
+#include "tools/text/DisplayText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -178,13 +179,12 @@ void checkColours(const CheckedFile &file, Findings &findings)
 void checkLostLegends(const CheckedFile &file, Findings &findings)
 {
     for (const auto &lost : file.model().lostLegends) {
-        findings.add(
-            lost.at,
+        const QString fault =
             lost.kind == LostLegend::ClearedGroup
-                ? QStringLiteral("a second <%1>: it drops the %2 classes of the first")
-                      .arg(lost.name)
-                      .arg(lost.count)
-                : QStringLiteral("<%1> stands before any class of its legend: it is lost").arg(lost.name));
+                ? QStringLiteral("a second <%1>: it drops what the first has, %2")
+                      .arg(lost.name, counted(lost.count, QStringLiteral("class"), QStringLiteral("classes")))
+                : QStringLiteral("<%1> stands before any class of its legend: it is lost").arg(lost.name);
+        findings.add(lost.at, fault);
     }
 }
 

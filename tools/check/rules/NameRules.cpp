@@ -44,6 +44,12 @@ bool holdsKnownElements(const XmlElement &element)
     return false;
 }
 
+/// Whether an element's name looks like that of a container: Columns, Views, Texts.
+bool isPlural(const XmlElement &element)
+{
+    return element.name().endsWith(QLatin1Char('s'));
+}
+
 void addUnknownElement(const XmlElement &element, const QString &nearest, Findings &findings)
 {
     const QString name = element.name().toString();
@@ -73,8 +79,7 @@ void checkCurrentElementNames(const XmlElement &element, NearestNames &names, Fi
             continue;
         }
         const QString nearest = names.of(child.name().toString());
-        const bool isContainer = nearest.isEmpty() ? holdsKnownElements(child)
-                                                   : !child.all(QLatin1String(nearest.toLatin1())).empty();
+        const bool isContainer = (nearest.isEmpty() || isPlural(child)) && holdsKnownElements(child);
         if (!isContainer) {
             addUnknownElement(child, nearest, findings);
         }
@@ -120,6 +125,9 @@ public:
 private:
     void check(const XmlElement &element, const QString &section)
     {
+        if (holdsSections(element)) {
+            return; // which are out of reach, as another rule says
+        }
         const QString name = element.name().toString();
         const QString home = legacySectionOf(name);
         if (!home.isEmpty()) {
@@ -134,6 +142,15 @@ private:
         addUnknownElement(element, names->of(name), m_findings);
     }
 
+    static bool holdsSections(const XmlElement &element)
+    {
+        const auto children = element.children();
+        return std::any_of(children.begin(), children.end(), [](const XmlElement &child) {
+            return CTemplateTokenizer::stringToTemplateToken(child.name()) >= CTemplateTokenizer::SYSTPL ||
+                   holdsSections(child);
+        });
+    }
+
     Findings &m_findings;
     QHash<QString, NearestNames> m_names;
 };
@@ -142,6 +159,13 @@ bool isOfXmlItself(const QString &attribute)
 {
     return attribute == QLatin1String("xmlns") || attribute.startsWith(QLatin1String("xmlns:")) ||
            attribute.startsWith(QLatin1String("xml:"));
+}
+
+/// Elements of the current format that may have any attribute: the levels that a rule of their own looks at,
+/// and texts in several languages.
+bool hasAttributesOfItsOwn(const QString &element)
+{
+    return element == QLatin1String("GroupLevel") || element == QLatin1String("TextItem");
 }
 
 void checkAttributes(const XmlElement &element, const QStringList &known, Findings &findings)
@@ -267,7 +291,7 @@ void checkAttributeNames(const CheckedFile &file, Findings &findings)
             if (!legacySectionOf(name).isEmpty()) {
                 checkAttributes(element, legacyAttributeNames(name), findings);
             }
-        } else if (isCurrentElement(element) && name != QLatin1String("GroupLevel")) {
+        } else if (isCurrentElement(element) && !hasAttributesOfItsOwn(name)) {
             checkAttributes(element, currentAttributeNames(name), findings);
         }
     }

@@ -39,6 +39,13 @@ const std::vector<Rule> &allRules()
      "and found empty. Move the file. No other rule looks at it until then.",
      "templates/sewer.xml:  <ProjectStandard><TemplateIdentifier Id=\"SEW\"/></ProjectStandard>",
      "templates_new/sewer.xml:  <ProjectStandard><TemplateIdentifier Id=\"SEW\"/></ProjectStandard>", true},
+    {"root-unknown", Severity::Error, Formats::Legacy, checkRoot,
+     "the root element is unknown, so nothing is read",
+     "A file of the legacy format begins with TobrixTemplate or TXSYS. Below an element that the host "
+     "does not know it reads nothing, and below an unknown root that is the whole file: the template "
+     "is empty.",
+     "<Template><SYSTPL>...</SYSTPL></Template>",
+     "<TobrixTemplate><SYSTPL>...</SYSTPL></TobrixTemplate>", true},
     {"document-type-unchecked", Severity::Note, Formats::Both, checkDocumentType,
      "the document type adds what the checker does not follow",
      "A document type may declare entities that hold elements, and attributes that elements get "
@@ -62,20 +69,14 @@ const std::vector<Rule> &allRules()
      "the character itself, or its number.",
      "<TextItem>Length&nbsp;in m</TextItem>",
      "<TextItem>Length&#160;in m</TextItem>"},
-    {"root-unknown", Severity::Error, Formats::Legacy, checkRoot,
-     "the root element is unknown, so nothing is read",
-     "A file of the legacy format begins with TobrixTemplate or TXSYS. Below an element that the host "
-     "does not know it reads nothing, and below an unknown root that is the whole file: the template "
-     "is empty.",
-     "<Template><SYSTPL>...</SYSTPL></Template>",
-     "<TobrixTemplate><SYSTPL>...</SYSTPL></TobrixTemplate>"},
-    {"section-unreachable", Severity::Warning, Formats::Legacy, checkReachability,
-     "a section stands where no section is looked for",
-     "Sections (SYSTPL, PROGVIEW, SYSCOL, SYSLIST, LegendOfClassification) are read below "
-     "TobrixTemplate and TXSYS only. One within another section, or within an element that the host "
-     "does not know, describes nothing. Move it out.",
-     "<Columns><SYSCOL>...</SYSCOL></Columns>",
-     "<TXSYS><SYSCOL>...</SYSCOL></TXSYS>"},
+    {"section-unreachable", Severity::Warning, Formats::Both, checkReachability,
+     "a section stands where none is looked for",
+     "In the legacy format sections (SYSTPL, PROGVIEW, SYSCOL, SYSLIST, LegendOfClassification) are "
+     "read below TobrixTemplate and TXSYS only, not within another section or an element that the "
+     "host does not know. In the current format a Column is read within a View, a ValueListItem "
+     "within a ValueList, and so on. Elsewhere they describe nothing. Move them.",
+     "<PROGVIEW>...<SYSCOL>...</SYSCOL></PROGVIEW>",
+     "<PROGVIEW>...</PROGVIEW><SYSCOL>...</SYSCOL>"},
     {"unknown-element", Severity::Warning, Formats::Both, checkElementNames,
      "an element means nothing to the host",
      "Names are compared exactly, and an element of another name is not read. It is a warning when "
