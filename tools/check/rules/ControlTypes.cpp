@@ -40,7 +40,7 @@ constexpr ControlUse controlUses[] = {
     {QLatin1String("NumericUpDown"), integer | decimal},
     {QLatin1String("DateOnlyPicker"), date},
     {QLatin1String("TimeOnlyPicker"), time},
-    {QLatin1String("CheckBox"), boolean | integer},
+    {QLatin1String("CheckBox"), integer | boolean},
     {QLatin1String("TextButton"), anything, true},
     {QLatin1String("ComboTextBox"), text | integer | decimal},
     {QLatin1String("BitMask"), integer},
