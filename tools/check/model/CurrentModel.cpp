@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace Tobrix::Tools {
 
@@ -121,7 +122,7 @@ TemplateModel CurrentModelBuilder::build()
     readViews();
     readLegends();
     m_model.makeIndex();
-    return m_model;
+    return std::move(m_model);
 }
 
 void CurrentModelBuilder::readHeader()

@@ -1,5 +1,7 @@
 #include "tools/check/model/LegacyFieldReading.h"
 
+#include <utility>
+
 namespace Tobrix::Tools {
 
 using Templates::TextRule;
@@ -10,8 +12,8 @@ namespace {
 class SectionWalk
 {
 public:
-    SectionWalk(const XmlElement &section, const TokenOf &tokenOf, TextRule rule)
-        : m_tree(section.tree()), m_section(section), m_tokenOf(tokenOf), m_rule(rule)
+    SectionWalk(const XmlElement &section, const SectionTokens &tokens, TextRule rule)
+        : m_tree(section.tree()), m_section(section), m_tokens(tokens), m_rule(rule)
     {
     }
 
@@ -31,7 +33,7 @@ private:
 
     const XmlTree &m_tree;
     const XmlElement m_section;
-    const TokenOf &m_tokenOf;
+    const SectionTokens &m_tokens;
     const TextRule m_rule;
     std::vector<LegacyReading> m_readings;
     std::vector<Open> m_open;
@@ -40,6 +42,8 @@ private:
 
 std::vector<LegacyReading> SectionWalk::read()
 {
+    constexpr std::size_t ordinarySection = 32;
+    m_readings.reserve(ordinarySection);
     const int end = m_tree.node(m_section.index()).end;
     for (int i = m_section.index() + 1; i < end; ++i) {
         endBefore(i);
@@ -59,13 +63,13 @@ std::vector<LegacyReading> SectionWalk::read()
             break;
         }
     }
-    return m_readings;
+    return std::move(m_readings);
 }
 
 void SectionWalk::start(int index)
 {
     const XmlElement element(m_tree, index);
-    const int token = m_tokenOf(element.name());
+    const int token = m_tokens.of(element);
     m_current = -1;
     if (token != 0) {
         m_current = static_cast<int>(m_readings.size());
@@ -110,9 +114,9 @@ void SectionWalk::endBefore(int index)
 
 } // namespace
 
-std::vector<LegacyReading> readSection(const XmlElement &section, const TokenOf &tokenOf, TextRule rule)
+std::vector<LegacyReading> readSection(const XmlElement &section, const SectionTokens &tokens, TextRule rule)
 {
-    return SectionWalk(section, tokenOf, rule).read();
+    return SectionWalk(section, tokens, rule).read();
 }
 
 } // namespace Tobrix::Tools

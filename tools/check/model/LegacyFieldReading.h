@@ -1,10 +1,9 @@
 #pragma once
 
-#include "tools/check/xml/XmlTree.h"
+#include "tools/check/model/LegacyTokens.h"
 
 #include "format_legacy/LegacySection_p.h"
 
-#include <functional>
 #include <vector>
 
 namespace Tobrix::Tools {
@@ -22,12 +21,9 @@ struct LegacyReading
     int at() const { return text < 0 || isCaptured ? element.at() : element.tree().node(text).at; }
 };
 
-/// Turns an element's name into the section's token, 0 for an unknown one.
-using TokenOf = std::function<int(const QStringRef &)>;
-
 /// Reads a section as the format's reader does: every element that the section knows, in the order of the
 /// file. The section's own element is none of them.
-std::vector<LegacyReading> readSection(const XmlElement &section, const TokenOf &tokenOf,
+std::vector<LegacyReading> readSection(const XmlElement &section, const SectionTokens &tokens,
                                        Templates::TextRule rule);
 
 } // namespace Tobrix::Tools

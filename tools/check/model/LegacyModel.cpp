@@ -12,8 +12,10 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <type_traits>
+#include <utility>
 
 namespace Tobrix::Tools {
 
@@ -86,14 +88,28 @@ bool isUsed(const Fields &fields, int token)
     return !std::holds_alternative<std::monostate>(fields[token - 1].target) || token == Tokens::LIST_Name;
 }
 
+// The column's section has the most tokens.
+constexpr std::size_t tokenCount = std::size(columnFields) + 1;
+
 /// The values of one section, those that count.
 class SectionValues
 {
 public:
-    explicit SectionValues(int at) : m_at(at) {}
+    explicit SectionValues(int at) : m_at(at) { m_elements.fill(-1); }
 
-    void take(const LegacyReading &reading) { m_values[reading.token] = {reading.value(), reading.at()}; }
-    Value value(int token) const { return m_values.value(token, {QString(), m_at}); }
+    void take(const LegacyReading &reading)
+    {
+        m_values[index(reading.token)] = {reading.value(), reading.at()};
+        m_elements[index(reading.token)] = reading.element.at();
+    }
+
+    /// The place of the element that a value is from; -1 when there is none.
+    int elementAt(int token) const { return m_elements[index(token)]; }
+
+    Value value(int token) const
+    {
+        return elementAt(token) < 0 ? Value{QString(), m_at} : m_values[index(token)];
+    }
     bool flag(int token) const { return value(token).text == QLatin1String("true"); }
     int number(int token, int absent) const
     {
@@ -102,14 +118,17 @@ public:
     }
 
 private:
+    static std::size_t index(int token) { return static_cast<std::size_t>(token); }
+
     int m_at;
-    QHash<int, Value> m_values;
+    std::array<Value, tokenCount> m_values;
+    std::array<int, tokenCount> m_elements;
 };
 
 class LegacyModelBuilder
 {
 public:
-    explicit LegacyModelBuilder(const XmlTree &document) : m_document(document) {}
+    explicit LegacyModelBuilder(const XmlTree &document);
 
     TemplateModel build();
 
@@ -122,25 +141,42 @@ private:
     void readLegends(const XmlElement &section);
     void beginLegend(const XmlElement &element, std::vector<BandModel> &legend);
     void readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
-                     QHash<int, int> &captionsOfClass);
+                     SectionValues &captions);
     BandModel bandOf(const XmlElement &element);
 
     template <typename Fields, typename KindOf>
-    SectionValues valuesOf(const XmlElement &section, const TokenOf &tokenOf, TextRule rule,
+    SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
                            const Fields &fields, KindOf kindOf);
     void keepValue(const LegacyReading &reading, ValueKind kind);
     void findUnreachable(const XmlElement &within);
-    void noteOverwritten(const LegacyReading &reading, const QHash<int, int> &earlier);
+    void noteOverwritten(const LegacyReading &reading, int earlierAt);
 
     void fillColumn(const SectionValues &values, ColumnModel &column);
-    void findValueTransferReset(const XmlElement &section, ColumnModel &column);
+    static void findValueTransferReset(const std::vector<LegacyReading> &readings, ColumnModel &column);
     void bindColumnsToViews();
 
     const XmlTree &m_document;
+    const SectionTokens m_templateTokens;
+    const SectionTokens m_headerTokens;
+    const SectionTokens m_viewTokens;
+    const SectionTokens m_columnTokens;
+    const SectionTokens m_listItemTokens;
+    const SectionTokens m_legendTokens;
     TemplateModel m_model;
     ListsByName m_lists;
     QHash<QString, int> m_viewsById; // those that count
 };
+
+LegacyModelBuilder::LegacyModelBuilder(const XmlTree &document)
+    : m_document(document)
+    , m_templateTokens(document, Tokens::stringToTemplateToken)
+    , m_headerTokens(document, Tokens::stringToTemplateInfoToken)
+    , m_viewTokens(document, Tokens::stringToProgramViewToken)
+    , m_columnTokens(document, Tokens::stringToColumnToken)
+    , m_listItemTokens(document, Tokens::stringToListItemToken)
+    , m_legendTokens(document, Tokens::stringToLegendToken)
+{
+}
 
 TemplateModel LegacyModelBuilder::build()
 {
@@ -154,7 +190,7 @@ TemplateModel LegacyModelBuilder::build()
             continue;
         }
         const XmlElement element(m_document, i);
-        const int token = Tokens::stringToTemplateToken(element.name());
+        const int token = m_templateTokens.of(element);
         if (token == Tokens::TXSYS || token == Tokens::TobrixTemplate) {
             ++i;
             continue;
@@ -165,7 +201,7 @@ TemplateModel LegacyModelBuilder::build()
     bindColumnsToViews();
     m_model.lists = listsOf(m_lists);
     m_model.makeIndex();
-    return m_model;
+    return std::move(m_model);
 }
 
 void LegacyModelBuilder::readSectionAt(const XmlElement &element, int token)
@@ -201,26 +237,23 @@ void LegacyModelBuilder::findUnreachable(const XmlElement &within)
             continue;
         }
         const XmlElement element(m_document, i);
-        if (Tokens::stringToTemplateToken(element.name()) >= Tokens::SYSTPL) {
-            m_model.unreachableSections.push_back(
-                {element.at(), element.name().toString(), within.name().toString()});
+        if (m_templateTokens.of(element) >= Tokens::SYSTPL) {
+            m_model.unreachableSections.push_back({element.at(), element.name(), within.name()});
             behind = m_document.node(i).end;
         }
     }
 }
 
-void LegacyModelBuilder::noteOverwritten(const LegacyReading &reading, const QHash<int, int> &earlier)
+void LegacyModelBuilder::noteOverwritten(const LegacyReading &reading, int earlierAt)
 {
-    const auto found = earlier.constFind(reading.token);
-    if (found != earlier.cend() && reading.text >= 0) {
-        m_model.overwrittenElements.push_back(
-            {reading.element.at(), *found, reading.element.name().toString()});
+    if (earlierAt >= 0 && reading.text >= 0) {
+        m_model.overwrittenElements.push_back({reading.element.at(), earlierAt, reading.element.name()});
     }
 }
 
 void LegacyModelBuilder::keepValue(const LegacyReading &reading, ValueKind kind)
 {
-    const QString name = reading.element.name().toString();
+    const QString name = reading.element.name();
     if (reading.ignoredText >= 0) {
         m_model.ignoredTexts.push_back({m_document.node(reading.ignoredText).at, name, reading.value()});
     }
@@ -232,19 +265,18 @@ void LegacyModelBuilder::keepValue(const LegacyReading &reading, ValueKind kind)
 }
 
 template <typename Fields, typename KindOf>
-SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section, const TokenOf &tokenOf, TextRule rule,
-                                           const Fields &fields, KindOf kindOf)
+SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section,
+                                           const std::vector<LegacyReading> &readings, const Fields &fields,
+                                           KindOf kindOf)
 {
     SectionValues values(section.at());
-    QHash<int, int> placeOfToken;
-    for (const auto &reading : readSection(section, tokenOf, rule)) {
+    for (const auto &reading : readings) {
         if (!isUsed(fields, reading.token)) {
             continue;
         }
-        noteOverwritten(reading, placeOfToken);
+        noteOverwritten(reading, values.elementAt(reading.token));
         if (reading.text >= 0) {
             values.take(reading);
-            placeOfToken.insert(reading.token, reading.element.at());
         }
         keepValue(reading, kindOf(reading.token));
     }
@@ -254,7 +286,7 @@ SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section, const Toke
 void LegacyModelBuilder::readHeader(const XmlElement &section)
 {
     const SectionValues values =
-        valuesOf(section, Tokens::stringToTemplateInfoToken, TextRule::FirstAfterStartTag, headerFields,
+        valuesOf(section, readSection(section, m_headerTokens, TextRule::FirstAfterStartTag), headerFields,
                  [](int token) { return kindOfField(headerFields, exactHeaderTokens, token); });
     HeaderModel &header = m_model.header;
     const auto take = [&](int token, Value &value) {
@@ -263,7 +295,7 @@ void LegacyModelBuilder::readHeader(const XmlElement &section)
         }
     };
     if (header.isPresent) {
-        m_model.overwrittenElements.push_back({section.at(), header.at, section.name().toString()});
+        m_model.overwrittenElements.push_back({section.at(), header.at, section.name()});
     }
     take(Tokens::TPL_PK, header.uniqueId);
     take(Tokens::TPL_Key, header.key);
@@ -275,7 +307,7 @@ void LegacyModelBuilder::readHeader(const XmlElement &section)
 void LegacyModelBuilder::readView(const XmlElement &section)
 {
     const SectionValues values =
-        valuesOf(section, Tokens::stringToProgramViewToken, TextRule::FirstAfterStartTag, programViewFields,
+        valuesOf(section, readSection(section, m_viewTokens, TextRule::FirstAfterStartTag), programViewFields,
                  [](int token) { return kindOfField(programViewFields, exactViewTokens, token); });
     ViewModel view;
     view.at = section.at();
@@ -292,9 +324,9 @@ void LegacyModelBuilder::readView(const XmlElement &section)
 
 void LegacyModelBuilder::readListItem(const XmlElement &section)
 {
-    const SectionValues values =
-        valuesOf(section, Tokens::stringToListItemToken, TextRule::FirstAfterStartTag, listItemFields,
-                 [](int token) { return kindOfField(listItemFields, exactItemTokens, token); });
+    const SectionValues values = valuesOf(
+        section, readSection(section, m_listItemTokens, TextRule::FirstAfterStartTag), listItemFields,
+        [](int token) { return kindOfField(listItemFields, exactItemTokens, token); });
     const Value name = values.value(Tokens::LIST_Name);
     if (name.isEmpty()) {
         m_model.itemsWithoutList.push_back(section.at());
@@ -316,17 +348,17 @@ void LegacyModelBuilder::readListItem(const XmlElement &section)
 
 void LegacyModelBuilder::readColumn(const XmlElement &section)
 {
+    const auto readings = readSection(section, m_columnTokens, TextRule::DirectlyAfterStartTag);
     // Ranges are judged when the column's type is known.
     const auto kindOf = [](int token) {
         const bool isJudgedLater = isOneOf(token, rangeTokens) || isOneOf(token, referenceTokens);
         return isJudgedLater ? ValueKind::Text : kindOfField(columnFields, exactColumnTokens, token);
     };
-    const SectionValues values =
-        valuesOf(section, Tokens::stringToColumnToken, TextRule::DirectlyAfterStartTag, columnFields, kindOf);
+    const SectionValues values = valuesOf(section, readings, columnFields, kindOf);
     ColumnModel column;
     column.at = section.at();
     fillColumn(values, column);
-    findValueTransferReset(section, column);
+    findValueTransferReset(readings, column);
     applyFixedValues(column);
     keepNumbersOf(column, QStringLiteral("COL_RangeFrom"), QStringLiteral("COL_RangeTo"),
                   QStringLiteral("COL_Steps"), m_model.values);
@@ -375,10 +407,10 @@ void LegacyModelBuilder::fillColumn(const SectionValues &values, ColumnModel &co
     column.maximumLength = values.number(Tokens::COL_Length, initial.maximumTextLength);
 }
 
-void LegacyModelBuilder::findValueTransferReset(const XmlElement &section, ColumnModel &column)
+void LegacyModelBuilder::findValueTransferReset(const std::vector<LegacyReading> &readings,
+                                                ColumnModel &column)
 {
     bool isSet = false;
-    const auto readings = readSection(section, Tokens::stringToColumnToken, TextRule::DirectlyAfterStartTag);
     for (const auto &reading : readings) {
         if (reading.text < 0) {
             continue;
@@ -423,8 +455,8 @@ BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
 void LegacyModelBuilder::readLegends(const XmlElement &section)
 {
     std::vector<BandModel> *legend = &m_model.legends[0];
-    QHash<int, int> captionsOfClass;
-    const auto readings = readSection(section, Tokens::stringToLegendToken, TextRule::EveryWithinElement);
+    SectionValues captions(section.at());
+    const auto readings = readSection(section, m_legendTokens, TextRule::EveryWithinElement);
     for (const auto &reading : readings) {
         switch (reading.token) {
         case Tokens::Section:
@@ -434,10 +466,10 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
             break;
         case Tokens::LegendClass:
             legend->push_back(bandOf(reading.element));
-            captionsOfClass.clear();
+            captions = SectionValues(section.at());
             break;
         default:
-            readCaption(reading, *legend, captionsOfClass);
+            readCaption(reading, *legend, captions);
         }
     }
 }
@@ -445,26 +477,26 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
 void LegacyModelBuilder::beginLegend(const XmlElement &element, std::vector<BandModel> &legend)
 {
     if (!legend.empty()) {
-        m_model.lostLegends.push_back({element.at(), LostLegend::ClearedGroup, element.name().toString(),
-                                       static_cast<int>(legend.size())});
+        m_model.lostLegends.push_back(
+            {element.at(), LostLegend::ClearedGroup, element.name(), static_cast<int>(legend.size())});
     }
     legend.clear();
 }
 
 void LegacyModelBuilder::readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
-                                     QHash<int, int> &captionsOfClass)
+                                     SectionValues &captions)
 {
     if (reading.text < 0) {
         return;
     }
     if (legend.empty()) {
         m_model.lostLegends.push_back(
-            {reading.element.at(), LostLegend::CaptionWithoutClass, reading.element.name().toString(), 0});
+            {reading.element.at(), LostLegend::CaptionWithoutClass, reading.element.name(), 0});
         return;
     }
     keepValue(reading, ValueKind::Text);
-    noteOverwritten(reading, captionsOfClass);
-    captionsOfClass.insert(reading.token, reading.element.at());
+    noteOverwritten(reading, captions.elementAt(reading.token));
+    captions.take(reading);
 }
 
 } // namespace

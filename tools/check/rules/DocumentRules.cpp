@@ -1,6 +1,7 @@
 #include "tools/check/rules/DocumentRules.h"
 
 #include "tools/check/CheckedFile.h"
+#include "tools/check/model/LegacyTokens.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Vocabulary.h"
 #include "tools/check/rules/Wording.h"
@@ -92,7 +93,7 @@ void checkContainers(const XmlTree &tree, Findings &findings)
 bool hasUnknownRoot(const CheckedFile &file)
 {
     const XmlElement root = file.tree().root();
-    return !root.isNull() && CTemplateTokenizer::stringToTemplateToken(root.name()) == 0;
+    return !root.isNull() && templateTokenOf(root) == 0;
 }
 
 } // namespace
@@ -179,7 +180,7 @@ void checkRoot(const CheckedFile &file, Findings &findings)
 {
     if (hasUnknownRoot(file)) {
         const XmlElement root = file.tree().root();
-        const QString name = root.name().toString();
+        const QString name = root.name();
         const QString nearest = nearestOf(name, legacyElementNames(QString()));
         findings.add(root.at(), QStringLiteral("<%1> is no root that the host knows: nothing in the file is "
                                                "read, and the host gets an empty template%2")

@@ -1,6 +1,7 @@
 // The rules about names of elements and attributes, and about elements that stand where another one counts.
 
 #include "tools/check/CheckedFile.h"
+#include "tools/check/model/LegacyTokens.h"
 #include "tools/check/rules/DocumentRules.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Vocabulary.h"
@@ -52,7 +53,7 @@ bool isPlural(const XmlElement &element)
 
 void addUnknownElement(const XmlElement &element, const QString &nearest, Findings &findings)
 {
-    const QString name = element.name().toString();
+    const QString name = element.name();
     const QString message =
         QStringLiteral("<%1> means nothing to the host: it is not read").arg(name) + suggestion(nearest);
     findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning, element.at(), message);
@@ -78,7 +79,7 @@ void checkCurrentElementNames(const XmlElement &element, NearestNames &names, Fi
             }
             continue;
         }
-        const QString nearest = names.of(child.name().toString());
+        const QString nearest = names.of(child.name());
         const bool isContainer = (nearest.isEmpty() || isPlural(child)) && holdsKnownElements(child);
         if (!isContainer) {
             addUnknownElement(child, nearest, findings);
@@ -96,13 +97,12 @@ public:
 
     void checkContainer(const XmlElement &container)
     {
-        using Tokenizer = CTemplateTokenizer;
         for (const auto &child : container.children()) {
-            const int token = Tokenizer::stringToTemplateToken(child.name());
-            if (token == Tokenizer::TXSYS || token == Tokenizer::TobrixTemplate) {
+            const int token = templateTokenOf(child);
+            if (token == CTemplateTokenizer::TXSYS || token == CTemplateTokenizer::TobrixTemplate) {
                 checkContainer(child);
             } else if (token != 0) {
-                checkSection(child, child.name().toString());
+                checkSection(child, child.name());
             } else {
                 check(child, QString());
             }
@@ -111,12 +111,10 @@ public:
 
     void checkSection(const XmlElement &element, const QString &section)
     {
-        const QStringList known = legacyElementNames(section);
         for (const auto &child : element.children()) {
-            const bool isSection = CTemplateTokenizer::stringToTemplateToken(child.name()) != 0;
-            if (known.contains(child.name().toString())) {
+            if (isLegacyElement(child.name(), section)) {
                 checkSection(child, section);
-            } else if (!isSection) {
+            } else if (templateTokenOf(child) == 0) {
                 check(child, section);
             }
         }
@@ -128,7 +126,7 @@ private:
         if (holdsSections(element)) {
             return; // which are out of reach, as another rule says
         }
-        const QString name = element.name().toString();
+        const QString name = element.name();
         const QString home = legacySectionOf(name);
         if (!home.isEmpty()) {
             m_findings.add(Severity::Warning, element.at(),
@@ -146,8 +144,7 @@ private:
     {
         const auto children = element.children();
         return std::any_of(children.begin(), children.end(), [](const XmlElement &child) {
-            return CTemplateTokenizer::stringToTemplateToken(child.name()) >= CTemplateTokenizer::SYSTPL ||
-                   holdsSections(child);
+            return templateTokenOf(child) >= CTemplateTokenizer::SYSTPL || holdsSections(child);
         });
     }
 
@@ -176,10 +173,10 @@ void checkAttributes(const XmlElement &element, const QStringList &known, Findin
             continue;
         }
         const QString nearest = nearestOf(name, known);
-        findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning, attribute->at,
-                     QStringLiteral("%1 means nothing to the host on <%2>: it is not read")
-                             .arg(name, element.name().toString()) +
-                         suggestion(nearest));
+        findings.add(
+            nearest.isEmpty() ? Severity::Note : Severity::Warning, attribute->at,
+            QStringLiteral("%1 means nothing to the host on <%2>: it is not read").arg(name, element.name()) +
+                suggestion(nearest));
     }
 }
 
@@ -270,9 +267,9 @@ void checkElementNames(const CheckedFile &file, Findings &findings)
         checkCurrentElementNames(root, names, findings);
         return;
     }
-    const int token = CTemplateTokenizer::stringToTemplateToken(root.name());
+    const int token = templateTokenOf(root);
     if (token >= CTemplateTokenizer::SYSTPL) {
-        LegacyElementNames(findings).checkSection(root, root.name().toString());
+        LegacyElementNames(findings).checkSection(root, root.name());
     } else if (token != 0) {
         LegacyElementNames(findings).checkContainer(root);
     }
@@ -286,7 +283,7 @@ void checkAttributeNames(const CheckedFile &file, Findings &findings)
             continue;
         }
         const XmlElement element(tree, i);
-        const QString name = element.name().toString();
+        const QString name = element.name();
         if (!file.isCurrent()) {
             if (!legacySectionOf(name).isEmpty()) {
                 checkAttributes(element, legacyAttributeNames(name), findings);

@@ -236,12 +236,13 @@ QStringView XmlScanner::takeName()
 
 int XmlScanner::numberOf(QStringView name)
 {
-    const auto found = m_tree.m_names.constFind(name);
-    if (found != m_tree.m_names.cend()) {
+    const auto found = m_tree.m_numbers.constFind(name);
+    if (found != m_tree.m_numbers.cend()) {
         return *found;
     }
-    const int number = m_tree.m_names.size();
-    m_tree.m_names.insert(name, number);
+    const int number = static_cast<int>(m_tree.m_names.size());
+    m_tree.m_numbers.insert(name, number);
+    m_tree.m_names.push_back(name.toString());
     return number;
 }
 

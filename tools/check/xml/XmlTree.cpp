@@ -112,7 +112,7 @@ std::vector<XmlElement> XmlTree::allBetween(int begin, int end, QLatin1String na
 int XmlTree::numberOf(QLatin1String name) const
 {
     const QString text = name;
-    return m_names.value(QStringView(text), -1);
+    return m_numbers.value(QStringView(text), -1);
 }
 
 QString XmlTree::textOf(int index) const
@@ -208,11 +208,6 @@ void XmlTree::collectUnknownEntities(int at, int size, std::vector<int> &places)
         }
         begin = raw.indexOf(QLatin1Char('&'), end);
     }
-}
-
-QStringRef XmlElement::name() const
-{
-    return isNull() ? QStringRef() : QStringRef(&m_tree->m_source, node().contentAt, node().contentSize);
 }
 
 XmlElement XmlElement::parent() const

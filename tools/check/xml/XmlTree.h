@@ -3,7 +3,6 @@
 #include <QHash>
 #include <QLatin1String>
 #include <QString>
-#include <QStringRef>
 #include <QStringView>
 
 #include <vector>
@@ -66,6 +65,9 @@ public:
     /// The number of a name in this document; -1 when no element has it.
     int numberOf(QLatin1String name) const;
 
+    /// The names of all elements, each at the place of its number.
+    const std::vector<QString> &names() const { return m_names; }
+
     /// The text of a text node, with everything that it refers to.
     QString textOf(int index) const;
     /// The same for an attribute's value.
@@ -102,7 +104,8 @@ private:
     XmlFlavour m_flavour;
     std::vector<XmlNode> m_nodes;
     std::vector<XmlAttribute> m_attributes;
-    QHash<QStringView, int> m_names;
+    QHash<QStringView, int> m_numbers;
+    std::vector<QString> m_names; // by their numbers
     QHash<QString, QString> m_entities;
     int m_unfollowedDocumentType = -1;
     int m_brokenAt = -1;
@@ -121,7 +124,8 @@ public:
 
     /// The place of its "<"; -1 for the null element.
     int at() const { return isNull() ? -1 : node().at; }
-    QStringRef name() const;
+    QString name() const { return isNull() ? QString() : m_tree->m_names[nameIndex()]; }
+    int nameNumber() const { return node().name; }
     bool hasName(QLatin1String name) const { return !isNull() && this->name() == name; }
 
     XmlElement parent() const;
@@ -150,6 +154,7 @@ public:
 
 private:
     const XmlNode &node() const { return m_tree->node(m_index); }
+    std::size_t nameIndex() const { return static_cast<std::size_t>(node().name); }
 
     const XmlTree *m_tree = nullptr;
     int m_index = -1;
