@@ -98,8 +98,9 @@ Value CurrentModelBuilder::valueOf(const XmlElement &element, QLatin1String attr
 Value CurrentModelBuilder::read(const XmlElement &element, ElementName elementName, QLatin1String attribute)
 {
     const Value value = valueOf(element, attribute);
-    if (value.isGiven()) {
-        m_model.values.push_back({value, attribute, kindOf(elementName, attribute)});
+    const ValueKind kind = kindOf(elementName, attribute);
+    if (value.isGiven() && kind != ValueKind::Text) {
+        m_model.values.push_back({value, attribute, kind});
     }
     return value;
 }

@@ -259,7 +259,7 @@ void LegacyModelBuilder::keepValue(const LegacyReading &reading, ValueKind kind)
     }
     if (reading.isCaptured) {
         m_model.capturedSpaces.push_back({reading.element.at(), name, kind});
-    } else if (reading.text >= 0) {
+    } else if (reading.text >= 0 && kind != ValueKind::Text) {
         m_model.values.push_back({{reading.value(), reading.at()}, name, kind});
     }
 }

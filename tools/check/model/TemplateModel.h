@@ -26,7 +26,8 @@ struct Value
     bool isPadded() const { return text.size() != text.trimmed().size() && !text.trimmed().isEmpty(); }
 };
 
-/// A value with the name of its attribute or element, for the rules about values of any meaning.
+/// A value with the name of its attribute or element, for the rules about values of any meaning. Plain texts
+/// are left out: nothing can be wrong with them.
 struct ReadValue
 {
     Value value;

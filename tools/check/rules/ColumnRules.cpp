@@ -130,19 +130,19 @@ void checkViewIds(const CheckedFile &file, Findings &findings)
 
 void checkViewKeys(const CheckedFile &file, Findings &findings)
 {
-    QHash<QString, int> lines;
+    QHash<QString, int> places;
     for (const auto &view : file.model().views) {
         if (view.isReplaced() || view.key.isEmpty()) {
             continue;
         }
-        const auto earlier = lines.constFind(view.key.text);
-        if (earlier == lines.cend()) {
-            lines.insert(view.key.text, file.lineOf(view.at));
+        const auto earlier = places.constFind(view.key.text);
+        if (earlier == places.cend()) {
+            places.insert(view.key.text, view.at);
         } else {
             findings.add(view.key.at,
                          QStringLiteral("the view in line %1 has the key %2 as well: which of the two "
                                         "the host finds by it is left to chance")
-                             .arg(*earlier)
+                             .arg(file.lineOf(*earlier))
                              .arg(quoted(view.key.text)));
         }
     }

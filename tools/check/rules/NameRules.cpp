@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 
 namespace Tobrix::Tools {
 
@@ -93,34 +94,53 @@ void checkCurrentElementNames(const XmlElement &element, NearestNames &names, Fi
 class LegacyElementNames
 {
 public:
-    explicit LegacyElementNames(Findings &findings) : m_findings(findings) {}
+    LegacyElementNames(const XmlTree &document, Findings &findings)
+        : m_containerTokens(document, CTemplateTokenizer::stringToTemplateToken)
+        , m_sectionTokens{{CTemplateTokenizer::SYSTPL,
+                           {document, CTemplateTokenizer::stringToTemplateInfoToken}},
+                          {CTemplateTokenizer::PROGVIEW,
+                           {document, CTemplateTokenizer::stringToProgramViewToken}},
+                          {CTemplateTokenizer::SYSCOL, {document, CTemplateTokenizer::stringToColumnToken}},
+                          {CTemplateTokenizer::SYSLIST,
+                           {document, CTemplateTokenizer::stringToListItemToken}},
+                          {CTemplateTokenizer::LegendOfClassification,
+                           {document, CTemplateTokenizer::stringToLegendToken}}}
+        , m_findings(findings)
+    {
+    }
 
     void checkContainer(const XmlElement &container)
     {
         for (const auto &child : container.children()) {
-            const int token = templateTokenOf(child);
+            const int token = m_containerTokens.of(child);
             if (token == CTemplateTokenizer::TXSYS || token == CTemplateTokenizer::TobrixTemplate) {
                 checkContainer(child);
             } else if (token != 0) {
-                checkSection(child, child.name());
+                checkSection(child);
             } else {
                 check(child, QString());
             }
         }
     }
 
-    void checkSection(const XmlElement &element, const QString &section)
+    void checkSection(const XmlElement &section)
+    {
+        const auto tokens = m_sectionTokens.find(m_containerTokens.of(section));
+        checkWithin(section, tokens->second, section.name());
+    }
+
+private:
+    void checkWithin(const XmlElement &element, const SectionTokens &tokens, const QString &section)
     {
         for (const auto &child : element.children()) {
-            if (isLegacyElement(child.name(), section)) {
-                checkSection(child, section);
-            } else if (templateTokenOf(child) == 0) {
+            if (tokens.of(child) != 0) {
+                checkWithin(child, tokens, section);
+            } else if (m_containerTokens.of(child) == 0) {
                 check(child, section);
             }
         }
     }
 
-private:
     void check(const XmlElement &element, const QString &section)
     {
         if (holdsSections(element)) {
@@ -140,14 +160,16 @@ private:
         addUnknownElement(element, names->of(name), m_findings);
     }
 
-    static bool holdsSections(const XmlElement &element)
+    bool holdsSections(const XmlElement &element) const
     {
         const auto children = element.children();
-        return std::any_of(children.begin(), children.end(), [](const XmlElement &child) {
-            return templateTokenOf(child) >= CTemplateTokenizer::SYSTPL || holdsSections(child);
+        return std::any_of(children.begin(), children.end(), [this](const XmlElement &child) {
+            return m_containerTokens.of(child) >= CTemplateTokenizer::SYSTPL || holdsSections(child);
         });
     }
 
+    const SectionTokens m_containerTokens;
+    const std::map<int, SectionTokens> m_sectionTokens;
     Findings &m_findings;
     QHash<QString, NearestNames> m_names;
 };
@@ -269,9 +291,9 @@ void checkElementNames(const CheckedFile &file, Findings &findings)
     }
     const int token = templateTokenOf(root);
     if (token >= CTemplateTokenizer::SYSTPL) {
-        LegacyElementNames(findings).checkSection(root, root.name());
+        LegacyElementNames(file.tree(), findings).checkSection(root);
     } else if (token != 0) {
-        LegacyElementNames(findings).checkContainer(root);
+        LegacyElementNames(file.tree(), findings).checkContainer(root);
     }
 }
 

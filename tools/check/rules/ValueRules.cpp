@@ -109,7 +109,7 @@ void checkNumberRanges(const CheckedFile &file, Findings &findings)
 {
     for (const auto &read : file.model().values) {
         const QString &text = read.value.text;
-        if (read.kind == ValueKind::Integer && isWholeNumber(text) && !convertsToInteger(text)) {
+        if (read.kind == ValueKind::Integer && !convertsToInteger(text) && isWholeNumber(text)) {
             findings.add(read.value.at, QStringLiteral("%1 %2 does not fit into 32 bits: it reads as 0")
                                             .arg(read.name, quoted(text)));
         } else if (read.kind == ValueKind::WholeOfReal) {
@@ -128,8 +128,8 @@ void checkNumberRanges(const CheckedFile &file, Findings &findings)
 void checkFractions(const CheckedFile &file, Findings &findings)
 {
     for (const auto &read : file.model().values) {
-        const double number = read.value.text.toDouble();
-        if (read.kind == ValueKind::WholeOfReal && std::isfinite(number) && std::trunc(number) != number) {
+        const double number = read.kind == ValueKind::WholeOfReal ? read.value.text.toDouble() : 0.0;
+        if (std::isfinite(number) && std::trunc(number) != number) {
             findings.add(read.value.at, QStringLiteral("%1 %2 loses its decimal places: it becomes %3")
                                             .arg(read.name, quoted(read.value.text))
                                             .arg(toSaturatedInt(number)));

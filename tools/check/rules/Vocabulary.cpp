@@ -71,20 +71,6 @@ QStringList legacyElementNames(const QString &section)
     return legacySections().value(section);
 }
 
-bool isLegacyElement(const QString &elementName, const QString &section)
-{
-    static const QMap<QString, QSet<QString>> names = [] {
-        QMap<QString, QSet<QString>> sets;
-        const auto &sections = legacySections();
-        for (auto it = sections.cbegin(); it != sections.cend(); ++it) {
-            sets.insert(it.key(), QSet<QString>(it->cbegin(), it->cend()));
-        }
-        return sets;
-    }();
-    const auto known = names.constFind(section);
-    return known != names.cend() && known->contains(elementName);
-}
-
 QString legacySectionOf(const QString &elementName)
 {
     const auto &sections = legacySections();

@@ -20,9 +20,6 @@ QStringList currentAttributeNames(const QString &elementName);
 /// The elements that the legacy format's reader knows below a section, or below containers for a null one.
 QStringList legacyElementNames(const QString &section);
 
-/// Whether that reader knows an element's name there.
-bool isLegacyElement(const QString &elementName, const QString &section);
-
 /// The section that an element of the legacy format belongs in; empty for a name that it does not have.
 QString legacySectionOf(const QString &elementName);
 

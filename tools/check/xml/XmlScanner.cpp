@@ -27,6 +27,9 @@ QStringView withoutPrefix(QStringView name)
 
 void XmlScanner::scan()
 {
+    // Templates have a node about every so many characters.
+    constexpr int charactersOfANode = 20;
+    m_tree.m_nodes.reserve(static_cast<std::size_t>(m_size / charactersOfANode));
     while (m_at < m_size) {
         const int markup = m_source.indexOf(QLatin1Char('<'), m_at);
         scanText(markup < 0 ? m_size : markup);

@@ -49,11 +49,14 @@ const PredefinedEntity *predefinedEntity(QStringView name)
     return found == std::end(predefinedEntities) ? nullptr : found;
 }
 
-/// Line breaks as a parser hands them on that knows only one kind.
-QString withPlainBreaks(QString text, bool isAttribute)
+/// Line breaks as a parser hands them on that knows only one kind, or none in attributes.
+QString withPlainBreaks(QStringView source, bool isAttribute)
 {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    QString text = source.toString();
+    if (source.contains(QLatin1Char('\r'))) {
+        text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    }
     if (isAttribute) {
         text.replace(QLatin1Char('\n'), QLatin1Char(' '));
         text.replace(QLatin1Char('\t'), QLatin1Char(' '));
@@ -122,7 +125,7 @@ QString XmlTree::textOf(int index) const
     if (text.kind != XmlNode::CData) {
         return expanded(raw, false);
     }
-    return m_flavour == XmlFlavour::Stream ? withPlainBreaks(raw.toString(), false) : raw.toString();
+    return m_flavour == XmlFlavour::Stream ? withPlainBreaks(raw, false) : raw.toString();
 }
 
 QString XmlTree::valueOf(const XmlAttribute &attribute) const
@@ -145,16 +148,16 @@ QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
 {
     // What a reference stands for keeps its line breaks: only those of the source are made plain.
     const auto plain = [&](QStringView piece) {
-        const QString text = piece.toString();
-        return m_flavour == XmlFlavour::Stream ? withPlainBreaks(text, isAttribute) : text;
+        return m_flavour == XmlFlavour::Stream ? withPlainBreaks(piece, isAttribute) : piece.toString();
     };
-    QString text = QStringLiteral("");
+    QString text;
     qsizetype from = 0;
     for (;;) {
         const qsizetype begin = raw.indexOf(QLatin1Char('&'), from);
         const qsizetype end = begin < 0 ? -1 : raw.indexOf(QLatin1Char(';'), begin);
         if (end < 0) {
-            return from == 0 ? plain(raw) : text + plain(raw.mid(from));
+            const QString rest = from == 0 ? plain(raw) : text + plain(raw.mid(from));
+            return rest.isNull() ? QStringLiteral("") : rest;
         }
         text += plain(raw.mid(from, begin - from));
         text += entityText(raw.mid(begin + 1, end - begin - 1), nesting);
