@@ -241,6 +241,7 @@ void CurrentModelBuilder::readColumns(const XmlElement &element, int view)
     const bool isDetailView = valueOf(element, QLatin1String("Kind")).text == QLatin1String("Detail");
     const QString viewName = m_model.views[static_cast<std::size_t>(view)].key.text;
     for (const auto &columnElement : element.all(textOf(ElementName::Column))) {
+        const std::size_t valuesBefore = m_model.values.size();
         ColumnModel column = columnOf(columnElement);
         column.view = view;
         bind(columnElement, isDetailView, column);
@@ -251,6 +252,9 @@ void CurrentModelBuilder::readColumns(const XmlElement &element, int view)
         applyFixedValues(column);
         keepNumbersOf(column, QStringLiteral("From"), QStringLiteral("To"), QStringLiteral("Step"),
                       m_model.values);
+        if (!column.isBuilt()) {
+            m_model.values.resize(valuesBefore); // nobody gets them
+        }
         m_model.columns.push_back(column);
     }
 }

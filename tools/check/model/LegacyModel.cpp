@@ -349,6 +349,7 @@ void LegacyModelBuilder::readListItem(const XmlElement &section)
 void LegacyModelBuilder::readColumn(const XmlElement &section)
 {
     const auto readings = readSection(section, m_columnTokens, TextRule::DirectlyAfterStartTag);
+    const std::size_t valuesBefore = m_model.values.size();
     // Ranges are judged when the column's type is known.
     const auto kindOf = [](int token) {
         const bool isJudgedLater = isOneOf(token, rangeTokens) || isOneOf(token, referenceTokens);
@@ -362,6 +363,9 @@ void LegacyModelBuilder::readColumn(const XmlElement &section)
     applyFixedValues(column);
     keepNumbersOf(column, QStringLiteral("COL_RangeFrom"), QStringLiteral("COL_RangeTo"),
                   QStringLiteral("COL_Steps"), m_model.values);
+    if (column.type == CTemplateColumn::Unknown) {
+        m_model.values.resize(valuesBefore); // nobody gets them
+    }
     m_model.columns.push_back(column);
 }
 

@@ -105,6 +105,11 @@ struct ColumnModel
     {
         return type == Templates::CTemplateColumn::Integer || type == Templates::CTemplateColumn::Decimal;
     }
+    /// Whether it holds an identifier, which is the host's to make.
+    bool isIdentifier() const
+    {
+        return dataType.text == QLatin1String("Guid") || dataType.text == QLatin1String("GUI");
+    }
     bool hasDefault() const { return !defaultValue.isEmpty() || isForcedToDefault; }
 };
 

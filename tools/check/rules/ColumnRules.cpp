@@ -10,6 +10,7 @@
 #include "rawdata/SaturatedInt_p.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
@@ -59,10 +60,26 @@ int placeOf(const Value &value, int otherwise)
     return value.isGiven() ? value.at : otherwise;
 }
 
+/// Adds a finding about columns of the same sort order, at the second of them.
+void addTie(const CheckedFile &file, const std::vector<const ColumnModel *> &tied, Findings &findings)
+{
+    const ColumnModel &first = *tied[0];
+    const ColumnModel &second = *tied[1];
+    const QString others =
+        tied.size() == 2 ? QString() : QStringLiteral(", as have %1 more").arg(tied.size() - 2);
+    findings.add(
+        placeOf(second.sortOrder, second.at),
+        QStringLiteral("%1 has the sort order of %2 in line %3, %4%5: which comes first is left to chance")
+            .arg(nameOf(second), nameOf(first))
+            .arg(file.lineOf(first.at))
+            .arg(first.order)
+            .arg(others));
+}
+
 /// Whether somebody has to fill a column in who cannot.
 bool lacksValue(const ColumnModel &column)
 {
-    return column.isMandatory && !column.isVirtual && !column.hasDefault();
+    return column.isMandatory && !column.isVirtual && !column.isIdentifier() && !column.hasDefault();
 }
 
 } // namespace
@@ -233,42 +250,19 @@ void checkForcedDefaults(const CheckedFile &file, Findings &findings)
 
 void checkSortOrders(const CheckedFile &file, Findings &findings)
 {
-    struct Tie
-    {
-        const ColumnModel *first = nullptr;
-        const ColumnModel *second = nullptr;
-        int others = 0;
-    };
     const TemplateModel &model = file.model();
     for (std::size_t view = 0; view < model.views.size(); ++view) {
-        QHash<int, Tie> ties;
+        QHash<int, std::vector<const ColumnModel *>> byOrder;
         for (const ColumnModel *column : model.columnsOf(view)) {
-            if (!column->isBuilt()) {
-                continue;
-            }
-            Tie &tie = ties[column->order];
-            if (!tie.first) {
-                tie.first = column;
-            } else if (!tie.second) {
-                tie.second = column;
-            } else {
-                ++tie.others;
+            // Nobody sees in which order hidden columns come.
+            if (column->isBuilt() && column->isVisible) {
+                byOrder[column->order].push_back(column);
             }
         }
-        for (const Tie &tie : ties) {
-            if (!tie.second) {
-                continue;
+        for (const auto &tied : qAsConst(byOrder)) {
+            if (tied.size() > 1) {
+                addTie(file, tied, findings);
             }
-            const QString others =
-                tie.others == 0 ? QString() : QStringLiteral(", and %1 more").arg(tie.others);
-            findings.add(
-                placeOf(tie.second->sortOrder, tie.second->at),
-                QStringLiteral("%1 has the sort order of %2 in line %3, %4%5: which comes first is left to "
-                               "chance")
-                    .arg(nameOf(*tie.second), nameOf(*tie.first))
-                    .arg(file.lineOf(tie.first->at))
-                    .arg(tie.first->order)
-                    .arg(others));
         }
     }
 }
@@ -341,25 +335,22 @@ void checkValueTransfers(const CheckedFile &file, Findings &findings)
 void checkColumnViews(const CheckedFile &file, Findings &findings)
 {
     QStringList ids;
-    QStringList keys;
+    QSet<QString> keys;
     for (const auto &view : file.model().views) {
         ids.append(view.id.text);
-        keys.append(view.key.text);
+        keys.insert(view.key.text);
     }
-    constexpr int fewEnoughToCompare = 1000;
+    NearestNames nearestIds(ids);
     for (const auto &column : file.model().columns) {
         if (column.view >= 0 || column.type == CTemplateColumn::Unknown) {
             continue;
         }
         const QString &reference = column.viewRef.text;
-        QString hint;
-        if (ids.size() < fewEnoughToCompare) {
-            hint = keys.contains(reference) ? QStringLiteral("; that is a view's key, not its id")
-                                            : suggestion(nearestOf(reference, ids));
-        }
         const QString fault = column.viewRef.isGiven()
                                   ? QStringLiteral("there is no view %1").arg(quoted(reference))
                                   : QStringLiteral("%1 names no view").arg(nameOf(column));
+        const QString hint = keys.contains(reference) ? QStringLiteral("; that is a view's key, not its id")
+                                                      : suggestion(nearestIds.of(reference));
         findings.add(column.viewRef.at, QStringLiteral("%1: the host refuses the file%2").arg(fault, hint));
     }
 }

@@ -55,7 +55,6 @@ public:
     bool hasView(const QString &key) const { return m_viewKeys.contains(key); }
     QString keyOfView(const QString &id) const { return m_viewIds.value(id); }
     QString shownPath(const DefaultModel &item) const { return m_shownKeys.value(keyOf(item)); }
-    QStringList viewKeys() const { return m_viewKeys.values(); }
 
 private:
     static QString keyOf(const DefaultModel &item) { return item.view.text + QLatin1Char('/') + item.path; }
@@ -64,6 +63,15 @@ private:
     QSet<QString> m_viewKeys;
     QHash<QString, QString> m_shownKeys;
 };
+
+QStringList viewKeysOf(const TemplateModel &model)
+{
+    QStringList keys;
+    for (const auto &view : model.views) {
+        keys.append(view.key.text);
+    }
+    return keys;
+}
 
 /// Calls something with every default value that misses its column in one way.
 template <typename Function>
@@ -120,13 +128,13 @@ bool isInList(const ColumnModel &column, const ListModel &list)
 
 void checkUnusedDefaults(const CheckedFile &file, Findings &findings)
 {
+    NearestNames viewKeys(viewKeysOf(file.model()));
     forEachMiss(file, Miss::NoColumn, [&](const DefaultModel &item, const DefaultTargets &targets) {
-        const QString fault =
-            targets.hasView(item.view.text)
-                ? QStringLiteral("no column of view %1 is bound to %2")
-                      .arg(quoted(item.view.text), quoted(item.path))
-                : QStringLiteral("there is no view %1%2")
-                      .arg(quoted(item.view.text), suggestion(nearestOf(item.view.text, targets.viewKeys())));
+        const QString fault = targets.hasView(item.view.text)
+                                  ? QStringLiteral("no column of view %1 is bound to %2")
+                                        .arg(quoted(item.view.text), quoted(item.path))
+                                  : QStringLiteral("there is no view %1%2")
+                                        .arg(quoted(item.view.text), suggestion(viewKeys.of(item.view.text)));
         findings.add(item.at, QStringLiteral("this default is never used: %1").arg(fault));
     });
 }

@@ -52,18 +52,15 @@ void checkUnknownLists(const CheckedFile &file, Findings &findings)
     for (const auto &list : model.lists) {
         names.append(list.name);
     }
-    QHash<QString, QString> hints;
+    NearestNames nearest(names);
     for (const auto &column : model.columns) {
         const Value &name = column.listName;
         if (!column.isBuilt() || name.isEmpty() || name.isPadded() || model.list(name.text)) {
             continue;
         }
-        if (!hints.contains(name.text)) {
-            hints.insert(name.text, suggestion(nearestOf(name.text, names)));
-        }
         findings.add(name.at,
                      QStringLiteral("the file has no items for list %1 of %2: the host must have them%3")
-                         .arg(quoted(name.text), nameOf(column), hints.value(name.text)));
+                         .arg(quoted(name.text), nameOf(column), suggestion(nearest.of(name.text))));
     }
 }
 

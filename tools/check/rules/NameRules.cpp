@@ -19,23 +19,6 @@ namespace Tobrix::Tools {
 
 namespace {
 
-/// Looks names up that nobody knows; most of them stand in a file many times.
-class NearestNames
-{
-public:
-    explicit NearestNames(const QStringList &candidates = {}) : m_candidates(candidates) {}
-
-    QString of(const QString &name)
-    {
-        const auto found = m_nearest.constFind(name);
-        return found == m_nearest.cend() ? *m_nearest.insert(name, nearestOf(name, m_candidates)) : *found;
-    }
-
-private:
-    QStringList m_candidates;
-    QHash<QString, QString> m_nearest;
-};
-
 bool holdsKnownElements(const XmlElement &element)
 {
     for (const auto &child : element.children()) {

@@ -165,8 +165,9 @@ const std::vector<Rule> &allRules()
      "<Column DataType=\"Integer\"><NumericRangeRestriction Step=\"1\"/></Column>"},
     {"not-a-boolean", Severity::Warning, Formats::Both, checkFlags,
      "a flag is neither \"true\" nor \"false\"",
-     "Only the four letters \"true\" set a flag; \"True\", \"1\" and \"yes\" read as false. Simple works the "
-     "other way round: only \"false\" lets group levels count.",
+     "Only the four letters \"true\" set a flag; \"True\", \"1\" and \"yes\" read as false. It is a note "
+     "where the text means false anyway, as \"False\" and \"0\" do. Simple works the other way round: "
+     "only \"false\" lets group levels count.",
      "<COL_Visible>True</COL_Visible>",
      "<COL_Visible>true</COL_Visible>"},
     {"white-space-around-value", Severity::Warning, Formats::Both, checkSpaceAround,
@@ -272,7 +273,7 @@ const std::vector<Rule> &allRules()
     {"sort-order-tie", Severity::Warning, Formats::Both, checkSortOrders,
      "columns of a view have the same sort order",
      "Columns are sorted by Ordinal, or COL_SortOrder. Of those that are equal either may come first, "
-     "and that may change. A column without a sort order has 0.",
+     "and that may change. A column without a sort order has 0. Hidden columns are not looked at.",
      "<Column Ordinal=\"10\"/><Column Ordinal=\"10\"/>",
      "<Column Ordinal=\"10\"/><Column Ordinal=\"20\"/>"},
     {"group-level-ignored", Severity::Warning, Formats::Current, checkGroupLevels,
@@ -318,13 +319,15 @@ const std::vector<Rule> &allRules()
     {"mandatory-hidden", Severity::Warning, Formats::Both, checkMandatoryHidden,
      "a column must have a value, but nobody sees it",
      "A column that is mandatory, not visible and without a default cannot be filled in, and records "
-     "without it are not complete. Show it, or give it a default.",
+     "without it are not complete. Show it, or give it a default. Identifiers (Guid, GUI) are the "
+     "host's to make, and no finding.",
      "<COL_Mandatory>true</COL_Mandatory><COL_Visible>false</COL_Visible>",
      "<COL_Mandatory>true</COL_Mandatory><COL_Visible>true</COL_Visible>"},
     {"mandatory-read-only", Severity::Warning, Formats::Both, checkMandatoryReadOnly,
      "a column must have a value, but nobody may enter it",
      "A column that is mandatory, read-only and without a default cannot be filled in, and records "
-     "without it are not complete. Open it, or give it a default.",
+     "without it are not complete. Open it, or give it a default. Identifiers (Guid, GUI) are no "
+     "finding.",
      "<MandatoryRestriction/><ReadOnlyRestriction/>",
      "<MandatoryRestriction/>"},
     // Default values

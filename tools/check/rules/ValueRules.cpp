@@ -8,8 +8,9 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
+#include <iterator>
 
 namespace Tobrix::Tools {
 
@@ -84,6 +85,25 @@ QLatin1String effectOfOtherFlag(const QString &name)
                : QLatin1String("it reads as \"false\"");
 }
 
+constexpr QLatin1String spellingsOfTrue[] = {QLatin1String("true"), QLatin1String("1"), QLatin1String("yes"),
+                                             QLatin1String("on")};
+constexpr QLatin1String spellingsOfFalse[] = {QLatin1String("false"), QLatin1String("0"), QLatin1String("no"),
+                                              QLatin1String("off")};
+
+/// What people write who mean a flag to be what it is read as anyway.
+const auto &harmlessSpellings(const QString &name)
+{
+    return name == QLatin1String("Simple") ? spellingsOfTrue : spellingsOfFalse;
+}
+
+template <typename Spellings>
+bool isOneOf(const QString &text, const Spellings &spellings)
+{
+    const QString plain = text.trimmed().toLower();
+    return std::any_of(std::begin(spellings), std::end(spellings),
+                       [&plain](QLatin1String spelling) { return plain == spelling; });
+}
+
 /// Names that rules of their own judge, which know what is lost with them.
 bool isJudgedElsewhere(const QString &name)
 {
@@ -140,12 +160,15 @@ void checkFractions(const CheckedFile &file, Findings &findings)
 void checkFlags(const CheckedFile &file, Findings &findings)
 {
     for (const auto &read : file.model().values) {
-        if (read.kind == ValueKind::Flag && !isFlagText(read.value.text) &&
-            !isFlagText(read.value.text.trimmed())) {
-            findings.add(read.value.at,
-                         QStringLiteral("%1 %2 is neither \"true\" nor \"false\": %3")
-                             .arg(read.name, quoted(read.value.text), effectOfOtherFlag(read.name)));
+        if (read.kind != ValueKind::Flag || isFlagText(read.value.text) ||
+            isFlagText(read.value.text.trimmed())) {
+            continue;
         }
+        const bool isMeant = isOneOf(read.value.text, harmlessSpellings(read.name));
+        findings.add(isMeant ? Severity::Note : Severity::Warning, read.value.at,
+                     QStringLiteral("%1 %2 is neither \"true\" nor \"false\": %3%4")
+                         .arg(read.name, quoted(read.value.text), effectOfOtherFlag(read.name),
+                              isMeant ? QStringLiteral(", as it seems to be meant") : QString()));
     }
 }
 

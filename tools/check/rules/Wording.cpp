@@ -3,6 +3,7 @@
 #include "tools/text/DisplayText.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <vector>
 
@@ -78,6 +79,9 @@ QString nearestOf(const QString &name, const QStringList &candidates)
     QString nearest;
     int least = std::numeric_limits<int>::max();
     for (const auto &candidate : candidates) {
+        if (std::abs(wanted.size() - candidate.size()) > tolerance(candidate.size())) {
+            continue;
+        }
         const bool differsInCase = wanted.compare(candidate, Qt::CaseInsensitive) == 0;
         const int distance = differsInCase ? 0 : distanceBetween(wanted, candidate);
         if (distance <= tolerance(candidate.size()) && distance < least) {
@@ -86,6 +90,18 @@ QString nearestOf(const QString &name, const QStringList &candidates)
         }
     }
     return nearest;
+}
+
+QString NearestNames::of(const QString &name)
+{
+    constexpr qint64 enoughComparisons = 1'000'000;
+    const auto found = m_nearest.constFind(name);
+    if (found != m_nearest.cend()) {
+        return *found;
+    }
+    m_comparisons += m_candidates.size();
+    return m_comparisons > enoughComparisons ? QString()
+                                             : *m_nearest.insert(name, nearestOf(name, m_candidates));
 }
 
 QString suggestion(const QString &nearest)

@@ -2,6 +2,7 @@
 
 #include "tools/check/model/TemplateModel.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -21,7 +22,22 @@ QString nameOf(const ColumnModel &column);
 /// The name out of many that somebody may have meant; empty when none is near enough.
 QString nearestOf(const QString &name, const QStringList &candidates);
 
-/// `, did you mean "…"?`, or nothing.
+/// Finds the nearest of the same names many times, as most names that nobody knows stand in a file more than
+/// once. Gives up on files that make it look for too much.
+class NearestNames
+{
+public:
+    explicit NearestNames(const QStringList &candidates = {}) : m_candidates(candidates) {}
+
+    QString of(const QString &name);
+
+private:
+    QStringList m_candidates;
+    QHash<QString, QString> m_nearest;
+    qint64 m_comparisons = 0;
+};
+
+/// `; did you mean "…"?`, or nothing.
 QString suggestion(const QString &nearest);
 
 } // namespace Tobrix::Tools

@@ -26,8 +26,12 @@ public:
     int offsetOf(int line, int column) const;
 
 private:
+    int charactersBefore(int offset) const;
+
     const QString m_source;
     std::vector<int> m_lineStarts;
+    std::vector<int>
+        m_charactersBeforeBlocks; // of a fixed size, so that a long line need not be counted anew
 };
 
 } // namespace Tobrix::Tools
