@@ -164,7 +164,7 @@ void CommandTest::helpAndVersionGoToStandardOutput_data()
     QTest::addColumn<QString>("arguments");
     QTest::addColumn<QByteArray>("expected");
     QTest::newRow("--help") << "--help" << QByteArray("Usage: tobrix-template [options] COMMAND");
-    QTest::newRow("-h") << "-h" << QByteArray("  show  print templates");
+    QTest::newRow("-h") << "-h" << QByteArray("  show   print templates");
     QTest::newRow("show --help") << "show --help"
                                  << QByteArray("Usage: tobrix-template show [options] FILE…\n");
     QTest::newRow("show --help tells the options") << "show --help" << QByteArray("--host-config <FILE>");

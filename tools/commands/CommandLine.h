@@ -41,6 +41,8 @@ public:
     ExitStatus refuse(const QString &reason, Console &console) const;
 
     bool isSet(const QCommandLineOption &option) const { return m_parser.isSet(option); }
+    /// The values of an option in the order in which they were given, or its default value.
+    QStringList values(const QCommandLineOption &option) const { return m_parser.values(option); }
     QStringList arguments() const { return m_parser.positionalArguments(); }
 
 private:

@@ -1,5 +1,6 @@
 #include "tools/commands/Commands.h"
 
+#include "tools/commands/CheckCommand.h"
 #include "tools/commands/Console.h"
 #include "tools/commands/ShowCommand.h"
 
@@ -18,6 +19,8 @@ struct Command
 };
 
 const Command commands[] = {
+    {QLatin1String("check"),
+     QLatin1String("say what is wrong with templates, where, and what hosts make of it"), runCheck},
     {QLatin1String("show"), QLatin1String("print templates, for people or as JSON"), runShow},
 };
 
@@ -25,7 +28,7 @@ QString description()
 {
     QString text = QStringLiteral("Looks at catalogue templates of pipe networks.\n\nCommands:\n");
     for (const auto &command : commands) {
-        text += QStringLiteral("  %1  %2\n").arg(command.name, command.summary);
+        text += QStringLiteral("  %1  %2\n").arg(command.name, -5).arg(command.summary);
     }
     return text + QStringLiteral("\n\"tobrix-template COMMAND --help\" tells more about a command.");
 }

@@ -32,6 +32,23 @@ int Console::lineWidth() const
     return isTerminal && size.ws_col > 0 ? size.ws_col : std::numeric_limits<int>::max();
 }
 
+bool Console::isColoured() const
+{
+    return qEnvironmentVariableIsEmpty("NO_COLOR") && ::isatty(STDOUT_FILENO) == 1;
+}
+
+void Console::showProgress(const QString &text)
+{
+    if (text == m_progress || ::isatty(STDERR_FILENO) != 1) {
+        return;
+    }
+    m_progress = text;
+    // Back to the beginning of the line, and what stands there removed.
+    const QByteArray line = "\r\033[K" + text.toLocal8Bit();
+    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
+    std::fflush(stderr);
+}
+
 void Console::complain(const QString &message)
 {
     const QByteArray line =

@@ -20,6 +20,13 @@ public:
     /// another program.
     int lineWidth() const;
 
+    /// Whether what is printed may have colours: on a terminal, unless NO_COLOR is set.
+    bool isColoured() const;
+
+    /// Shows how far something is, on one line that each call replaces; an empty text removes it. Nobody sees
+    /// that unless standard error is a terminal.
+    void showProgress(const QString &text);
+
     /// Writes one line to standard error, behind the tool's name.
     void complain(const QString &message);
 
@@ -32,6 +39,7 @@ private:
 
     QFile m_output;
     bool m_isWritten = true;
+    QString m_progress;
 };
 
 } // namespace Tobrix::Tools

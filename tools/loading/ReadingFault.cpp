@@ -1,5 +1,7 @@
 #include "tools/loading/ReadingFault.h"
 
+#include "tools/loading/XmlVerdict.h"
+
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacySection_p.h"
 #include "loading/Limits_p.h"
@@ -18,21 +20,12 @@ using namespace Templates;
 
 namespace {
 
-/// A parser's explanation as the end of a sentence of ours.
-QString withoutFullStop(QString explanation)
-{
-    if (explanation.endsWith(QLatin1Char('.'))) {
-        explanation.chop(1);
-    }
-    return explanation;
-}
-
-QString notWellFormed(qint64 line, qint64 column, const QString &explanation)
+QString notWellFormed(const XmlVerdict &verdict)
 {
     return QStringLiteral("not well-formed at line %1, column %2: %3")
-        .arg(line)
-        .arg(column)
-        .arg(withoutFullStop(explanation));
+        .arg(verdict.line)
+        .arg(verdict.column)
+        .arg(verdict.explanation);
 }
 
 QString pastLimit(qint64 line, const QString &excess)
@@ -185,12 +178,11 @@ QString LegacyWalk::faultOfLegends()
 
 QString LegacyWalk::faultOfXml() const
 {
-    const int line = static_cast<int>(m_xml.lineNumber());
-    const int column = static_cast<int>(m_xml.columnNumber()) + 1;
-    if (!m_file.excess().isEmpty() && !m_file.isFaultBeforeExcess(line, column)) {
+    const XmlVerdict verdict = verdictOf(m_xml);
+    if (!m_file.excess().isEmpty() && !m_file.isFaultBeforeExcess(verdict.line, verdict.column)) {
         return pastLimit(m_file.excessLine(), m_file.excess());
     }
-    return m_xml.hasError() ? notWellFormed(line, column, m_xml.errorString()) : QString();
+    return verdict.isWellFormed ? QString() : notWellFormed(verdict);
 }
 
 QDomNodeList elementsOf(const QDomNode &container, const char *name)
@@ -291,18 +283,15 @@ QString faultOfLegacyFile(TemplateFile &file)
 QString faultOfCurrentFile(TemplateFile &file)
 {
     QDomDocument document;
-    QString explanation;
-    int line = 0;
-    int column = 0;
-    const bool isWellFormed = document.setContent(&file, false, &explanation, &line, &column);
-    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
+    const XmlVerdict verdict = judgeByDom(file, document);
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(verdict.line, verdict.column)) {
         return pastLimit(file.excessLine(), file.excess());
     }
     const QString excess = excessOf(document);
-    if (!excess.isEmpty() || isWellFormed) {
+    if (!excess.isEmpty() || verdict.isWellFormed) {
         return excess;
     }
-    return notWellFormed(line, column, explanation) + QStringLiteral("; what follows was lost");
+    return notWellFormed(verdict) + QStringLiteral("; what follows was lost");
 }
 
 QString buildingFault(const CTemplateRawData &rawData)

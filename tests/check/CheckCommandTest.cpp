@@ -1,0 +1,241 @@
+#include "tools/check/rules/RuleTable.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+
+namespace {
+
+const QString checkFolder = QStringLiteral(TOBRIX_SOURCE_DIR "/tests/check/");
+
+struct Run
+{
+    int exitStatus = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Run run(const QStringList &arguments, const QString &folder = checkFolder)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder);
+    process.start(QStringLiteral(TOBRIX_TEMPLATE_TOOL), QStringList{QStringLiteral("check")} + arguments);
+    constexpr int patience = 120000;
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit) {
+        process.kill();
+        process.waitForFinished();
+        return {};
+    }
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+void copyInto(const QTemporaryDir &folder, const QString &document, const QString &name)
+{
+    const QString target = folder.filePath(name);
+    QVERIFY(QDir().mkpath(QFileInfo(target).path()));
+    QVERIFY(QFile::copy(checkFolder + document, target));
+}
+
+} // namespace
+
+class CheckCommandTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void exitStatusSaysHowBadItIs_data();
+    void exitStatusSaysHowBadItIs();
+    void wrongUsageEndsWithTwo_data();
+    void wrongUsageEndsWithTwo();
+    void unreadableFileKeepsNoOtherFromBeingChecked();
+    void folderIsSearchedInTheOrderOfNames();
+    void folderWithoutTemplatesIsComplainedAbout();
+    void everyFormatIsPrinted_data();
+    void everyFormatIsPrinted();
+    void colourAndProgressStayOutOfFiles();
+    void rulesAreListedOneALine();
+    void everyRuleIsExplained_data();
+    void everyRuleIsExplained();
+    void hostConfigurationCounts();
+};
+
+void CheckCommandTest::exitStatusSaysHowBadItIs_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::newRow("nothing found") << words("templates/not-a-number.near-miss.xml") << 0;
+    QTest::newRow("a note") << words("templates/legend-gap.xml") << 0;
+    QTest::newRow("a note, strictly") << words("--strict templates/legend-gap.xml") << 0;
+    QTest::newRow("a warning") << words("templates/range-empty.xml") << 0;
+    QTest::newRow("a warning, strictly") << words("--strict templates/range-empty.xml") << 1;
+    QTest::newRow("an error") << words("templates/not-a-number.xml") << 1;
+    QTest::newRow("an error of a rule that is left out")
+        << words("--disable not-a-number templates/not-a-number.xml") << 0;
+    QTest::newRow("rules left out in two ways")
+        << words(
+               "--disable legend-gap,not-a-number --disable range-empty --strict templates/not-a-number.xml "
+               "templates/range-empty.xml templates/legend-gap.xml")
+        << 0;
+    QTest::newRow("a file that is missing") << words("missing.xml") << 2;
+    QTest::newRow("a file that is missing beside an error")
+        << words("missing.xml templates/not-a-number.xml") << 2;
+}
+
+void CheckCommandTest::exitStatusSaysHowBadItIs()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, status);
+    const Run result = run(arguments);
+    QVERIFY2(result.exitStatus == status, (result.output + result.errors).constData());
+}
+
+void CheckCommandTest::wrongUsageEndsWithTwo_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("no file") << QStringList() << QByteArray("There is no file to check.");
+    QTest::newRow("unknown rule") << words("--disable not-a-rule x.xml")
+                                  << QByteArray("There is no rule \"not-a-rule\".");
+    QTest::newRow("unknown rule to explain")
+        << words("--explain not-a-rule") << QByteArray("There is no rule \"not-a-rule\".");
+    QTest::newRow("unknown format") << words("--format html x.xml")
+                                    << QByteArray("There is no format \"html\": text, json and sarif are.");
+    QTest::newRow("unknown option") << words("--fix x.xml") << QByteArray("Unknown option 'fix'.");
+}
+
+void CheckCommandTest::wrongUsageEndsWithTwo()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    const Run result = run(arguments);
+    QCOMPARE(result.exitStatus, 2);
+    QCOMPARE(result.output, QByteArray());
+    QVERIFY2(result.errors.startsWith("tobrix-template: " + message + '\n'), result.errors.constData());
+}
+
+void CheckCommandTest::unreadableFileKeepsNoOtherFromBeingChecked()
+{
+    const Run result = run(words("missing.xml templates/not-a-number.xml"));
+    QCOMPARE(result.errors, QByteArray("tobrix-template: missing.xml: does not exist\n"));
+    QVERIFY2(result.output.contains("[not-a-number]\n1 file checked: 1 error"), result.output.constData());
+}
+
+void CheckCommandTest::folderIsSearchedInTheOrderOfNames()
+{
+    const QTemporaryDir folder;
+    copyInto(folder, QStringLiteral("templates/range-empty.xml"), QStringLiteral("f/c.xml"));
+    copyInto(folder, QStringLiteral("templates/not-a-number.xml"), QStringLiteral("f/a.xml"));
+    copyInto(folder, QStringLiteral("templates_new/default-unused.xml"),
+             QStringLiteral("f/b/templates_new/x.xml"));
+    copyInto(folder, QStringLiteral("templates/legend-gap.xml"), QStringLiteral("f/legend-gap.txt"));
+    const Run result = run({QStringLiteral("f")}, folder.path());
+    const int first = result.output.indexOf("f/a.xml:");
+    const int second = result.output.indexOf("f/b/templates_new/x.xml:");
+    const int third = result.output.indexOf("f/c.xml:");
+    QVERIFY2(first == 0 && second > first && third > second, result.output.constData());
+    QVERIFY2(result.output.endsWith("3 files checked: 1 error, 2 warnings, 0 notes\n"),
+             result.output.constData());
+}
+
+void CheckCommandTest::folderWithoutTemplatesIsComplainedAbout()
+{
+    const QTemporaryDir folder;
+    const Run result = run({folder.path()});
+    QCOMPARE(result.exitStatus, 2);
+    QCOMPARE(result.errors, "tobrix-template: " + folder.path().toUtf8() + ": holds no *.xml file\n");
+}
+
+void CheckCommandTest::everyFormatIsPrinted_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("member");
+    QTest::newRow("json") << "json"
+                          << "files";
+    QTest::newRow("sarif") << "sarif"
+                           << "runs";
+}
+
+void CheckCommandTest::everyFormatIsPrinted()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, member);
+    const Run result =
+        run({QStringLiteral("--format"), format, QStringLiteral("templates/not-a-number.xml")});
+    QCOMPARE(result.exitStatus, 1);
+    QJsonParseError error;
+    const QJsonObject json = QJsonDocument::fromJson(result.output, &error).object();
+    QCOMPARE(error.errorString(), QStringLiteral("no error occurred"));
+    QVERIFY(json.contains(member));
+}
+
+void CheckCommandTest::colourAndProgressStayOutOfFiles()
+{
+    const Run result = run(words("templates templates_new"));
+    QVERIFY(!result.output.isEmpty());
+    QVERIFY(!result.output.contains('\033'));
+    QCOMPARE(result.errors, QByteArray());
+}
+
+void CheckCommandTest::rulesAreListedOneALine()
+{
+    const Run result = run(words("--list-rules"));
+    QCOMPARE(result.exitStatus, 0);
+    const auto &rules = Tobrix::Tools::allRules();
+    QCOMPARE(result.output.count('\n'), static_cast<int>(rules.size()));
+    for (const auto &rule : rules) {
+        QVERIFY2(('\n' + result.output).contains(QByteArray("\n") + rule.id + ' '), rule.id);
+    }
+}
+
+void CheckCommandTest::everyRuleIsExplained_data()
+{
+    QTest::addColumn<QString>("id");
+    for (const auto &rule : Tobrix::Tools::allRules()) {
+        QTest::newRow(rule.id) << QString(QLatin1String(rule.id));
+    }
+}
+
+void CheckCommandTest::everyRuleIsExplained()
+{
+    QFETCH(QString, id);
+    const Run result = run({QStringLiteral("--explain"), id});
+    QCOMPARE(result.exitStatus, 0);
+    QVERIFY2(result.output.startsWith(id.toUtf8() + ": "), result.output.constData());
+    QVERIFY2(result.output.contains("\n\nWrong:\n    ") && result.output.contains("\nRight:\n    "),
+             result.output.constData());
+    const QList<QByteArray> lines = result.output.left(result.output.indexOf("\n\nWrong:")).split('\n');
+    for (const auto &line : lines.mid(1)) {
+        QVERIFY2(line.size() <= 100, line.constData());
+    }
+}
+
+void CheckCommandTest::hostConfigurationCounts()
+{
+    const QTemporaryDir folder;
+    QFile configuration(folder.filePath(QStringLiteral("host.json")));
+    QVERIFY(configuration.open(QIODevice::WriteOnly));
+    configuration.write("{\"templates\": {\"STW-EU\": \"STORMWATER\"}}");
+    configuration.close();
+    const Run without = run(words("templates_new/type-empty.xml"));
+    QVERIFY(without.output.contains("[type-empty]"));
+    const Run with = run({QStringLiteral("--host-config"), configuration.fileName(),
+                          QStringLiteral("templates_new/type-empty.xml")});
+    QCOMPARE(with.output, QByteArray("1 file checked, nothing found\n"));
+}
+
+QTEST_GUILESS_MAIN(CheckCommandTest)
+#include "CheckCommandTest.moc"

@@ -1,0 +1,218 @@
+#include "CheckDocuments.h"
+#include "tools/check/CheckedFile.h"
+#include "tools/json/FileJson.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QTest>
+
+using namespace Tobrix::Tools;
+using Tobrix::Templates::CTemplateColumn;
+
+// What the checker takes a file for must be what the library makes of it, or its findings are not true.
+
+namespace {
+
+QStringList sorted(QStringList lines)
+{
+    lines.sort();
+    return lines;
+}
+
+QString flags(bool isVisible, bool isReadOnly, bool isMandatory, bool isVirtual)
+{
+    return QStringLiteral("%1%2%3%4").arg(isVisible).arg(isReadOnly).arg(isMandatory).arg(isVirtual);
+}
+
+QString numberText(double number)
+{
+    return QString::number(number, 'g', 17);
+}
+
+QString columnLine(const ColumnModel &column)
+{
+    QStringList words{column.path,
+                      column.table,
+                      column.caption.text,
+                      column.listName.text,
+                      QString::number(column.type),
+                      QString::number(column.control),
+                      QString::number(column.order),
+                      flags(column.isVisible, column.isReadOnly, column.isMandatory, column.isVirtual)};
+    if (column.type == CTemplateColumn::Decimal) {
+        words << numberText(column.minimum) << numberText(column.maximum);
+    } else if (column.type == CTemplateColumn::Text) {
+        words << QString::number(column.maximumLength)
+              << (column.isForcedToDefault ? QStringLiteral("NOD") : column.defaultValue.text);
+    }
+    return words.join(QLatin1Char('|'));
+}
+
+QString columnLine(const QJsonObject &column)
+{
+    const auto text = [&column](const char *name) {
+        return column.value(QLatin1String(name)).toVariant().toString();
+    };
+    const auto flag = [&column](const char *name) { return column.value(QLatin1String(name)).toBool(); };
+    QStringList words{text("boundColumn"),
+                      text("tableName"),
+                      text("caption"),
+                      text("dataSource"),
+                      text("columnType"),
+                      text("controlType"),
+                      text("sortOrder"),
+                      flags(flag("isVisible"), flag("isReadOnly"), flag("isMandatory"), flag("isVirtual"))};
+    const int type = column.value(QLatin1String("columnType")).toInt();
+    if (type == CTemplateColumn::Decimal) {
+        const auto limit = [&column](const char *name) {
+            const QJsonValue value = column.value(QLatin1String(name));
+            return numberText(value.isDouble() ? value.toDouble() : value.toString().toDouble());
+        };
+        words << limit("minimumValue") << limit("maximumValue");
+    } else if (type == CTemplateColumn::Text) {
+        words << text("maximumTextLength")
+              << column.value(QLatin1String("defaultValue"))
+                     .toObject()
+                     .value(QLatin1String("value"))
+                     .toString();
+    }
+    return words.join(QLatin1Char('|'));
+}
+
+QStringList columnLines(const TemplateModel &model)
+{
+    QStringList lines;
+    for (std::size_t i = 0; i < model.views.size(); ++i) {
+        const ViewModel &view = model.views[i];
+        if (view.isReplaced()) {
+            continue;
+        }
+        lines.append(QStringLiteral("view %1 %2").arg(view.id.text, view.key.text));
+        for (const ColumnModel *column : model.columnsOf(i)) {
+            if (column->isBuilt()) {
+                lines.append(view.id.text + QLatin1Char(':') + columnLine(*column));
+            }
+        }
+    }
+    return sorted(lines);
+}
+
+QStringList columnLines(const QJsonObject &loaded)
+{
+    QStringList lines;
+    for (const auto &viewValue : loaded.value(QLatin1String("views")).toArray()) {
+        const QJsonObject view = viewValue.toObject();
+        const QString id = view.value(QLatin1String("uniqueId")).toString();
+        lines.append(QStringLiteral("view %1 %2").arg(id, view.value(QLatin1String("key")).toString()));
+        for (const auto &column : view.value(QLatin1String("columns")).toArray()) {
+            if (column.isObject()) {
+                lines.append(id + QLatin1Char(':') + columnLine(column.toObject()));
+            }
+        }
+    }
+    return sorted(lines);
+}
+
+QStringList listLines(const TemplateModel &model)
+{
+    QStringList lines;
+    for (const auto &list : model.lists) {
+        for (const auto &item : list.items) {
+            lines.append(QStringLiteral("%1: %2 %3").arg(list.name, item.item.text).arg(item.sortOrder));
+        }
+    }
+    return sorted(lines);
+}
+
+QStringList listLines(const QJsonObject &loaded)
+{
+    QStringList lines;
+    const QJsonObject lists = loaded.value(QLatin1String("itemLists")).toObject();
+    for (auto list = lists.begin(); list != lists.end(); ++list) {
+        for (const auto &value : list.value().toArray()) {
+            const QJsonObject item = value.toObject();
+            lines.append(QStringLiteral("%1: %2 %3")
+                             .arg(list.key(), item.value(QLatin1String("item")).toString())
+                             .arg(item.value(QLatin1String("sortOrder")).toInt()));
+        }
+    }
+    return sorted(lines);
+}
+
+QStringList bandLines(const TemplateModel &model)
+{
+    QStringList lines;
+    for (int legend = 0; legend < 2; ++legend) {
+        for (const auto &band : model.legends[legend]) {
+            lines.append(QStringLiteral("%1: %2 %3 %4")
+                             .arg(legend)
+                             .arg(numberText(band.lower), numberText(band.upper), band.color.text));
+        }
+    }
+    return sorted(lines);
+}
+
+QStringList bandLines(const QJsonObject &loaded)
+{
+    QStringList lines;
+    for (int legend = 0; legend < 2; ++legend) {
+        const QLatin1String name(legend == 0 ? "legendA" : "legendB");
+        for (const auto &value : loaded.value(name).toArray()) {
+            const QJsonObject band = value.toObject();
+            const auto bound = [&band](const char *field) {
+                const QJsonValue number = band.value(QLatin1String(field));
+                return numberText(number.isDouble() ? number.toDouble() : number.toString().toDouble());
+            };
+            lines.append(QStringLiteral("%1: %2 %3 %4")
+                             .arg(legend)
+                             .arg(bound("numberFrom"), bound("numberTo"),
+                                  band.value(QLatin1String("color")).toString()));
+        }
+    }
+    return sorted(lines);
+}
+
+} // namespace
+
+class ModelAgreementTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void modelIsWhatTheLibraryLoads_data();
+    void modelIsWhatTheLibraryLoads();
+};
+
+void ModelAgreementTest::modelIsWhatTheLibraryLoads_data()
+{
+    QTest::addColumn<QString>("document");
+    const QString source = QStringLiteral(TOBRIX_SOURCE_DIR "/");
+    for (const auto *home : {"samples/", "tests/corpus/", "tests/check/"}) {
+        for (const auto &folder : formatFolders) {
+            for (const auto &document : documentsIn(source + QLatin1String(home) + folder.name)) {
+                QTest::newRow(qPrintable(document.mid(source.size()))) << document;
+            }
+        }
+    }
+}
+
+void ModelAgreementTest::modelIsWhatTheLibraryLoads()
+{
+    QFETCH(QString, document);
+    const CheckedFile file(document);
+    const QJsonObject loaded = describeTemplate(document);
+    const bool isJudged = file.verdict().isWellFormed && file.excess().isEmpty();
+    if (!isJudged || file.tree().unfollowedDocumentType() >= 0 ||
+        !loaded.value(QLatin1String("ok")).toBool()) {
+        return; // no rule looks at what such a file holds
+    }
+    QCOMPARE(columnLines(file.model()), columnLines(loaded));
+    QCOMPARE(listLines(file.model()), listLines(loaded));
+    QCOMPARE(bandLines(file.model()), bandLines(loaded));
+    const QJsonObject header = loaded.value(QLatin1String("template")).toObject();
+    QCOMPARE(file.model().header.uniqueId.text, header.value(QLatin1String("uniqueId")).toString());
+    QCOMPARE(file.model().header.key.text, header.value(QLatin1String("key")).toString());
+}
+
+QTEST_GUILESS_MAIN(ModelAgreementTest)
+#include "ModelAgreementTest.moc"

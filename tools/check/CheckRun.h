@@ -1,0 +1,53 @@
+#pragma once
+
+#include "tools/check/rules/Rule.h"
+#include "tools/check/xml/SourcePlaces.h"
+
+#include <QSet>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace Tobrix::Tools {
+
+/// A finding in one file, as it is reported.
+struct ReportedFinding
+{
+    const Rule *rule = nullptr;
+    Severity severity = Severity::Note;
+    Place place;
+    QString message;
+};
+
+/// What came of checking one file.
+struct FileReport
+{
+    QString fileName;
+    QString problem; ///< why it could not be checked; empty when it could
+    std::vector<ReportedFinding> findings;
+};
+
+/// Checks one file by all rules but some.
+FileReport checkFile(const QString &fileName, const QSet<QString> &disabledRules);
+
+/// Is told how many files are done, on the thread that waits for them.
+using Progress = std::function<void(int done, int all)>;
+
+/// Checks many files on all cores.
+/// @return their reports, in the order of the names
+std::vector<FileReport> checkFiles(const QStringList &fileNames, const QSet<QString> &disabledRules,
+                                   const Progress &progress);
+
+/// How many findings of each severity there are.
+struct FindingCounts
+{
+    int errors = 0;
+    int warnings = 0;
+    int notes = 0;
+    int all() const { return errors + warnings + notes; }
+};
+
+FindingCounts countsOf(const std::vector<FileReport> &reports);
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,149 @@
+#include "tools/check/CheckedFile.h"
+
+#include "tools/check/model/CurrentModel.h"
+#include "tools/check/model/LegacyModel.h"
+#include "tools/check/xml/XmlDecoding.h"
+#include "tools/loading/FileAccess.h"
+
+#include "loading/Limits_p.h"
+#include "loading/TemplateFile_p.h"
+#include "loading/TemplateLocation_p.h"
+
+#include <QBuffer>
+#include <QDomDocument>
+
+#include <algorithm>
+#include <iterator>
+
+namespace Tobrix::Tools {
+
+using namespace Templates;
+
+namespace {
+
+/// Containers whose content is limited, each counted with all that it holds.
+struct LimitedContent
+{
+    bool isCurrent;
+    QLatin1String container; // none for the whole document
+    QLatin1String content;
+    int limit;
+    QLatin1String words;
+};
+
+constexpr LimitedContent limitedContents[] = {
+    {true, QLatin1String("View"), QLatin1String("Column"), Limits::columns, QLatin1String("columns")},
+    {true, QLatin1String("ValueList"), QLatin1String("ValueListItem"), Limits::listItems,
+     QLatin1String("list items")},
+    {true, QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColor"),
+     Limits::legendItems, QLatin1String("legend classes")},
+    {false, QLatin1String(), QLatin1String("SYSCOL"), Limits::columns, QLatin1String("columns")},
+    {false, QLatin1String(), QLatin1String("SYSLIST"), Limits::listItems, QLatin1String("list items")},
+};
+
+std::size_t countOf(const XmlTree &tree, const LimitedContent &limited)
+{
+    if (limited.container.isEmpty()) {
+        return tree.all(limited.content).size();
+    }
+    std::size_t count = 0;
+    for (const auto &container : tree.all(limited.container)) {
+        count += container.all(limited.content).size();
+    }
+    return count;
+}
+
+XmlVerdict verdictOn(const QByteArray &bytes, bool isCurrent)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    if (!isCurrent) {
+        return judgeByStream(buffer);
+    }
+    QDomDocument document;
+    return judgeByDom(buffer, document);
+}
+
+} // namespace
+
+CheckedFile::CheckedFile(const QString &fileName)
+    : m_fileName(fileName), m_isCurrent(isCurrentFormatPath(fileName))
+{
+    read();
+}
+
+CheckedFile::~CheckedFile() = default;
+
+void CheckedFile::read()
+{
+    TemplateFile file;
+    if (!file.openTemplate(m_fileName)) {
+        m_problem = whyNotOpened(m_fileName);
+        return;
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        m_problem = file.errorString();
+        return;
+    }
+    m_source = decodedXml(bytes);
+    m_verdict = verdictOn(bytes, m_isCurrent);
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(m_verdict.line, m_verdict.column)) {
+        m_excess = file.excess();
+        // What is too much is noticed within the tag that brings it.
+        const int noticedAt = places().offsetOf(file.excessLine(), file.excessColumn());
+        const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), noticedAt);
+        m_faultAt = tagAt < 0 ? noticedAt : tagAt;
+    } else if (!m_verdict.isWellFormed) {
+        // The parsers stop behind the fault. Where an element is at fault, its own place says more.
+        m_faultAt = places().offsetOf(m_verdict.line, m_verdict.column);
+        const int brokenAt = tree().brokenAt();
+        m_faultAt = brokenAt >= 0 ? std::min(m_faultAt, brokenAt) : m_faultAt;
+    } else {
+        countItems();
+    }
+}
+
+void CheckedFile::countItems()
+{
+    for (const auto &limited : limitedContents) {
+        if (limited.isCurrent == m_isCurrent &&
+            countOf(tree(), limited) > static_cast<std::size_t>(limited.limit)) {
+            m_excess = QStringLiteral("more than %1 %2").arg(limited.limit).arg(limited.words);
+            m_faultAt = tree().root().at();
+        }
+    }
+}
+
+const SourcePlaces &CheckedFile::places() const
+{
+    // Most files have nothing that a place would be needed for.
+    if (!m_places) {
+        m_places = std::make_unique<SourcePlaces>(m_source);
+    }
+    return *m_places;
+}
+
+Place CheckedFile::placeOf(int at) const
+{
+    return places().placeOf(at);
+}
+
+const XmlTree &CheckedFile::tree() const
+{
+    if (!m_tree) {
+        m_tree = std::make_unique<XmlTree>(m_source, m_isCurrent ? XmlFlavour::Dom : XmlFlavour::Stream);
+    }
+    return *m_tree;
+}
+
+const TemplateModel &CheckedFile::model() const
+{
+    if (!m_model) {
+        m_model = std::make_unique<TemplateModel>(m_isCurrent ? currentModel(tree()) : legacyModel(tree()));
+    }
+    return *m_model;
+}
+
+} // namespace Tobrix::Tools

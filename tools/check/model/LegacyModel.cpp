@@ -1,0 +1,513 @@
+#include "tools/check/model/LegacyModel.h"
+
+#include "tools/check/model/LegacyFieldReading.h"
+#include "tools/check/model/ModelBuilding.h"
+
+#include "format_legacy/CTemplateTokenizer.h"
+#include "format_legacy/LegacyFields_p.h"
+#include "format_legacy/LegacyVocabulary_p.h"
+#include "rawdata/CColumnData.h"
+#include "rawdata/CTemplateDataConverter.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <type_traits>
+#include <utility>
+
+namespace Tobrix::Tools {
+
+using namespace Templates;
+using Tokens = CTemplateTokenizer;
+
+namespace {
+
+/// How a field's target takes its text; none for an element that is known and of no use.
+struct KindOfTarget
+{
+    ValueKind operator()(std::monostate) const { return ValueKind::Text; }
+    ValueKind operator()(RepeatedText) const { return ValueKind::Exact; }
+    template <typename Value, typename Owner>
+    ValueKind operator()(Value Owner::*) const
+    {
+        return kindOf<Value>();
+    }
+    template <typename Value, typename Owner>
+    ValueKind operator()(void (Owner::*)(Value)) const
+    {
+        return kindOf<std::decay_t<Value>>();
+    }
+
+private:
+    template <typename Value>
+    static ValueKind kindOf()
+    {
+        if constexpr (std::is_same_v<Value, QString>) {
+            return ValueKind::Text;
+        } else if constexpr (std::is_same_v<Value, bool>) {
+            return ValueKind::Flag;
+        } else if constexpr (std::is_same_v<Value, double>) {
+            return ValueKind::Real;
+        } else {
+            return ValueKind::Integer;
+        }
+    }
+};
+
+// Texts that are compared with others.
+constexpr Tokens::TemplateInfoToken exactHeaderTokens[] = {Tokens::TPL_PK, Tokens::TPL_Key, Tokens::TPL_Type,
+                                                           Tokens::TPL_Unit};
+constexpr Tokens::ProgramViewToken exactViewTokens[] = {Tokens::PV_PK, Tokens::PV_Key};
+constexpr Tokens::ListItemToken exactItemTokens[] = {Tokens::LIST_Name, Tokens::LIST_Item};
+constexpr Tokens::ColumnToken exactColumnTokens[] = {Tokens::COL_Bound_Column, Tokens::COL_DataSource,
+                                                     Tokens::TDIR_Key};
+constexpr Tokens::ColumnToken rangeTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps};
+// Read as flags, which nobody means them to be.
+constexpr Tokens::ColumnToken referenceTokens[] = {Tokens::COL_Template_FK, Tokens::COL_Bound_TableDir_REF};
+
+template <typename Rows>
+bool isOneOf(int token, const Rows &rows)
+{
+    return std::find(std::begin(rows), std::end(rows), token) != std::end(rows);
+}
+
+template <typename Fields, typename Exact>
+ValueKind kindOfField(const Fields &fields, const Exact &exactTokens, int token)
+{
+    const ValueKind kind = std::visit(KindOfTarget(), fields[token - 1].target);
+    const bool isText = kind == ValueKind::Text || kind == ValueKind::Exact;
+    return isText ? (isOneOf(token, exactTokens) ? ValueKind::Exact : ValueKind::Text) : kind;
+}
+
+/// Whether anybody has a use for the text of an element.
+template <typename Fields>
+bool isUsed(const Fields &fields, int token)
+{
+    return !std::holds_alternative<std::monostate>(fields[token - 1].target) || token == Tokens::LIST_Name;
+}
+
+// The column's section has the most tokens.
+constexpr std::size_t tokenCount = std::size(columnFields) + 1;
+
+/// The values of one section, those that count.
+class SectionValues
+{
+public:
+    explicit SectionValues(int at) : m_at(at) { m_elements.fill(-1); }
+
+    void take(const LegacyReading &reading)
+    {
+        m_values[index(reading.token)] = {reading.value(), reading.at()};
+        m_elements[index(reading.token)] = reading.element.at();
+    }
+
+    /// The place of the element that a value is from; -1 when there is none.
+    int elementAt(int token) const { return m_elements[index(token)]; }
+
+    Value value(int token) const
+    {
+        return elementAt(token) < 0 ? Value{QString(), m_at} : m_values[index(token)];
+    }
+    bool flag(int token) const { return value(token).text == QLatin1String("true"); }
+    int number(int token, int absent) const
+    {
+        const Value given = value(token);
+        return given.isGiven() ? given.text.toInt() : absent;
+    }
+
+private:
+    static std::size_t index(int token) { return static_cast<std::size_t>(token); }
+
+    int m_at;
+    std::array<Value, tokenCount> m_values;
+    std::array<int, tokenCount> m_elements;
+};
+
+class LegacyModelBuilder
+{
+public:
+    explicit LegacyModelBuilder(const XmlTree &document);
+
+    TemplateModel build();
+
+private:
+    void readSectionAt(const XmlElement &element, int token);
+    void readHeader(const XmlElement &section);
+    void readView(const XmlElement &section);
+    void readColumn(const XmlElement &section);
+    void readListItem(const XmlElement &section);
+    void readLegends(const XmlElement &section);
+    void beginLegend(const XmlElement &element, std::vector<BandModel> &legend);
+    void readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
+                     SectionValues &captions);
+    BandModel bandOf(const XmlElement &element);
+
+    template <typename Fields, typename KindOf>
+    SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
+                           const Fields &fields, KindOf kindOf);
+    void keepValue(const LegacyReading &reading, ValueKind kind);
+    void findUnreachable(const XmlElement &within);
+    void noteOverwritten(const LegacyReading &reading, int earlierAt);
+
+    void fillColumn(const SectionValues &values, ColumnModel &column);
+    static void findValueTransferReset(const std::vector<LegacyReading> &readings, ColumnModel &column);
+    void bindColumnsToViews();
+
+    const XmlTree &m_document;
+    const SectionTokens m_templateTokens;
+    const SectionTokens m_headerTokens;
+    const SectionTokens m_viewTokens;
+    const SectionTokens m_columnTokens;
+    const SectionTokens m_listItemTokens;
+    const SectionTokens m_legendTokens;
+    TemplateModel m_model;
+    ListsByName m_lists;
+    QHash<QString, int> m_viewsById; // those that count
+};
+
+LegacyModelBuilder::LegacyModelBuilder(const XmlTree &document)
+    : m_document(document)
+    , m_templateTokens(document, Tokens::stringToTemplateToken)
+    , m_headerTokens(document, Tokens::stringToTemplateInfoToken)
+    , m_viewTokens(document, Tokens::stringToProgramViewToken)
+    , m_columnTokens(document, Tokens::stringToColumnToken)
+    , m_listItemTokens(document, Tokens::stringToListItemToken)
+    , m_legendTokens(document, Tokens::stringToLegendToken)
+{
+}
+
+TemplateModel LegacyModelBuilder::build()
+{
+    m_model.header.at = m_document.root().at();
+    const auto &nodes = m_document.nodes();
+    int i = 0;
+    while (i < m_document.size()) {
+        const XmlNode &node = m_document.node(i);
+        if (node.kind != XmlNode::Element) {
+            ++i;
+            continue;
+        }
+        const XmlElement element(m_document, i);
+        const int token = m_templateTokens.of(element);
+        if (token == Tokens::TXSYS || token == Tokens::TobrixTemplate) {
+            ++i;
+            continue;
+        }
+        readSectionAt(element, token);
+        i = nodes[static_cast<std::size_t>(i)].end;
+    }
+    bindColumnsToViews();
+    m_model.lists = listsOf(m_lists);
+    m_model.makeIndex();
+    return std::move(m_model);
+}
+
+void LegacyModelBuilder::readSectionAt(const XmlElement &element, int token)
+{
+    findUnreachable(element);
+    switch (token) {
+    case Tokens::SYSTPL:
+        readHeader(element);
+        break;
+    case Tokens::PROGVIEW:
+        readView(element);
+        break;
+    case Tokens::SYSCOL:
+        readColumn(element);
+        break;
+    case Tokens::SYSLIST:
+        readListItem(element);
+        break;
+    case Tokens::LegendOfClassification:
+        readLegends(element);
+        break;
+    default:
+        break;
+    }
+}
+
+void LegacyModelBuilder::findUnreachable(const XmlElement &within)
+{
+    int behind = 0;
+    const int end = m_document.node(within.index()).end;
+    for (int i = within.index() + 1; i < end; ++i) {
+        if (m_document.node(i).kind != XmlNode::Element || i < behind) {
+            continue;
+        }
+        const XmlElement element(m_document, i);
+        if (m_templateTokens.of(element) >= Tokens::SYSTPL) {
+            m_model.unreachableSections.push_back({element.at(), element.name(), within.name()});
+            behind = m_document.node(i).end;
+        }
+    }
+}
+
+void LegacyModelBuilder::noteOverwritten(const LegacyReading &reading, int earlierAt)
+{
+    if (earlierAt >= 0 && reading.text >= 0) {
+        m_model.overwrittenElements.push_back({reading.element.at(), earlierAt, reading.element.name()});
+    }
+}
+
+void LegacyModelBuilder::keepValue(const LegacyReading &reading, ValueKind kind)
+{
+    const QString name = reading.element.name();
+    if (reading.ignoredText >= 0) {
+        m_model.ignoredTexts.push_back({m_document.node(reading.ignoredText).at, name, reading.value()});
+    }
+    if (reading.isCaptured) {
+        m_model.capturedSpaces.push_back({reading.element.at(), name, kind});
+    } else if (reading.text >= 0 && kind != ValueKind::Text) {
+        m_model.values.push_back({{reading.value(), reading.at()}, name, kind});
+    }
+}
+
+template <typename Fields, typename KindOf>
+SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section,
+                                           const std::vector<LegacyReading> &readings, const Fields &fields,
+                                           KindOf kindOf)
+{
+    SectionValues values(section.at());
+    for (const auto &reading : readings) {
+        if (!isUsed(fields, reading.token)) {
+            continue;
+        }
+        noteOverwritten(reading, values.elementAt(reading.token));
+        if (reading.text >= 0) {
+            values.take(reading);
+        }
+        keepValue(reading, kindOf(reading.token));
+    }
+    return values;
+}
+
+void LegacyModelBuilder::readHeader(const XmlElement &section)
+{
+    const SectionValues values =
+        valuesOf(section, readSection(section, m_headerTokens, TextRule::FirstAfterStartTag), headerFields,
+                 [](int token) { return kindOfField(headerFields, exactHeaderTokens, token); });
+    HeaderModel &header = m_model.header;
+    const auto take = [&](int token, Value &value) {
+        if (!header.isPresent || values.value(token).isGiven()) {
+            value = values.value(token);
+        }
+    };
+    if (header.isPresent) {
+        m_model.overwrittenElements.push_back({section.at(), header.at, section.name()});
+    }
+    take(Tokens::TPL_PK, header.uniqueId);
+    take(Tokens::TPL_Key, header.key);
+    take(Tokens::TPL_Type, header.type);
+    header.at = section.at();
+    header.isPresent = true;
+}
+
+void LegacyModelBuilder::readView(const XmlElement &section)
+{
+    const SectionValues values =
+        valuesOf(section, readSection(section, m_viewTokens, TextRule::FirstAfterStartTag), programViewFields,
+                 [](int token) { return kindOfField(programViewFields, exactViewTokens, token); });
+    ViewModel view;
+    view.at = section.at();
+    view.id = values.value(Tokens::PV_PK);
+    view.key = values.value(Tokens::PV_Key);
+    const int number = static_cast<int>(m_model.views.size());
+    const auto earlier = m_viewsById.constFind(view.id.text);
+    if (earlier != m_viewsById.cend()) {
+        m_model.views[static_cast<std::size_t>(*earlier)].replacedBy = number;
+    }
+    m_viewsById.insert(view.id.text, number);
+    m_model.views.push_back(view);
+}
+
+void LegacyModelBuilder::readListItem(const XmlElement &section)
+{
+    const SectionValues values = valuesOf(
+        section, readSection(section, m_listItemTokens, TextRule::FirstAfterStartTag), listItemFields,
+        [](int token) { return kindOfField(listItemFields, exactItemTokens, token); });
+    const Value name = values.value(Tokens::LIST_Name);
+    if (name.isEmpty()) {
+        m_model.itemsWithoutList.push_back(section.at());
+        return;
+    }
+    ListModel &list = m_lists[name.text];
+    if (list.items.empty()) {
+        list.name = name.text;
+        list.at = section.at();
+        list.nameValue = name;
+    }
+    ListItemModel item;
+    item.at = section.at();
+    item.item = values.value(Tokens::LIST_Item);
+    item.internalValue = values.value(Tokens::LIST_Internal);
+    item.sortOrder = values.number(Tokens::LIST_SortOrder, item.sortOrder);
+    list.items.push_back(item);
+}
+
+void LegacyModelBuilder::readColumn(const XmlElement &section)
+{
+    const auto readings = readSection(section, m_columnTokens, TextRule::DirectlyAfterStartTag);
+    const std::size_t valuesBefore = m_model.values.size();
+    // Ranges are judged when the column's type is known.
+    const auto kindOf = [](int token) {
+        const bool isJudgedLater = isOneOf(token, rangeTokens) || isOneOf(token, referenceTokens);
+        return isJudgedLater ? ValueKind::Text : kindOfField(columnFields, exactColumnTokens, token);
+    };
+    const SectionValues values = valuesOf(section, readings, columnFields, kindOf);
+    ColumnModel column;
+    column.at = section.at();
+    fillColumn(values, column);
+    findValueTransferReset(readings, column);
+    applyFixedValues(column);
+    keepNumbersOf(column, QStringLiteral("COL_RangeFrom"), QStringLiteral("COL_RangeTo"),
+                  QStringLiteral("COL_Steps"), m_model.values);
+    if (column.type == CTemplateColumn::Unknown) {
+        m_model.values.resize(valuesBefore); // nobody gets them
+    }
+    m_model.columns.push_back(column);
+}
+
+void LegacyModelBuilder::fillColumn(const SectionValues &values, ColumnModel &column)
+{
+    column.viewRef = values.value(Tokens::COL_ProgView_FK);
+    column.caption = values.value(Tokens::COL_Caption);
+    column.dataType = values.value(Tokens::COL_DataType);
+    column.controlType = values.value(Tokens::COL_ControlType);
+    column.boundColumn = values.value(Tokens::COL_Bound_Column);
+    column.tableName = values.value(Tokens::TDIR_Key);
+    column.sortOrder = values.value(Tokens::COL_SortOrder);
+    column.listName = values.value(Tokens::COL_DataSource);
+    column.defaultValue = values.value(Tokens::COL_Default);
+    column.displayFormat = values.value(Tokens::COL_DisplayFmt);
+    column.rangeFrom = values.value(Tokens::COL_RangeFrom);
+    column.rangeTo = values.value(Tokens::COL_RangeTo);
+    column.step = values.value(Tokens::COL_Steps);
+    column.length = values.value(Tokens::COL_Length);
+    column.valueTransfer = values.value(Tokens::COL_ValueTransfer);
+
+    const auto placeOfFlag = [&](int token) { return values.flag(token) ? values.value(token).at : -1; };
+    column.visibilityAt = placeOfFlag(Tokens::COL_Visible);
+    column.mandatoryAt = placeOfFlag(Tokens::COL_Mandatory);
+    column.readOnlyAt = placeOfFlag(Tokens::COL_ReadOnly);
+    column.isVisible = values.flag(Tokens::COL_Visible);
+    column.isMandatory = values.flag(Tokens::COL_Mandatory);
+    column.isReadOnly = values.flag(Tokens::COL_ReadOnly);
+    column.isVirtual = values.flag(Tokens::COL_Virtual);
+
+    const CColumnData initial;
+    const auto limit = [](const Value &value, double absent) {
+        return value.isGiven() ? value.text.toDouble() : absent;
+    };
+    column.type = CTemplateDataConverter::stringToColumnType(QStringRef(&column.dataType.text));
+    column.control = values.number(Tokens::COL_ControlType, initial.controlType);
+    column.path = column.boundColumn.text;
+    column.ownPath = column.path;
+    column.table = column.tableName.text;
+    column.order = values.number(Tokens::COL_SortOrder, initial.sortOrder);
+    column.minimum = limit(column.rangeFrom, initial.minimumValue);
+    column.maximum = limit(column.rangeTo, initial.maximumValue);
+    column.maximumLength = values.number(Tokens::COL_Length, initial.maximumTextLength);
+}
+
+void LegacyModelBuilder::findValueTransferReset(const std::vector<LegacyReading> &readings,
+                                                ColumnModel &column)
+{
+    bool isSet = false;
+    for (const auto &reading : readings) {
+        if (reading.text < 0) {
+            continue;
+        }
+        if (reading.token == Tokens::COL_ValueTransfer) {
+            isSet = reading.value() == QLatin1String("true");
+            column.valueTransferResetAt = -1;
+        } else if (isSet && isOneOf(reading.token, referenceTokens)) {
+            column.valueTransferResetAt = reading.element.at();
+        }
+    }
+}
+
+void LegacyModelBuilder::bindColumnsToViews()
+{
+    for (auto &column : m_model.columns) {
+        column.view = m_viewsById.value(column.viewRef.text, -1);
+    }
+}
+
+BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
+{
+    BandModel band;
+    band.at = element.at();
+    const auto read = [&](const char *name, ValueKind kind) {
+        const XmlAttribute *attribute = element.attribute(QLatin1String(name));
+        if (!attribute) {
+            return Value{QString(), element.at()};
+        }
+        const Value value{m_document.valueOf(*attribute), attribute->at};
+        m_model.values.push_back({value, QLatin1String(name), kind});
+        return value;
+    };
+    band.from = read("numberFrom", ValueKind::Real);
+    band.to = read("numberTo", ValueKind::Real);
+    band.color = read("color", ValueKind::Exact);
+    band.lower = band.from.isGiven() ? band.from.text.toDouble() : band.lower;
+    band.upper = band.to.isGiven() ? band.to.text.toDouble() : band.upper;
+    return band;
+}
+
+void LegacyModelBuilder::readLegends(const XmlElement &section)
+{
+    std::vector<BandModel> *legend = &m_model.legends[0];
+    SectionValues captions(section.at());
+    const auto readings = readSection(section, m_legendTokens, TextRule::EveryWithinElement);
+    for (const auto &reading : readings) {
+        switch (reading.token) {
+        case Tokens::Section:
+        case Tokens::Lateral:
+            legend = &m_model.legends[reading.token == Tokens::Section ? 0 : 1];
+            beginLegend(reading.element, *legend);
+            break;
+        case Tokens::LegendClass:
+            legend->push_back(bandOf(reading.element));
+            captions = SectionValues(section.at());
+            break;
+        default:
+            readCaption(reading, *legend, captions);
+        }
+    }
+}
+
+void LegacyModelBuilder::beginLegend(const XmlElement &element, std::vector<BandModel> &legend)
+{
+    if (!legend.empty()) {
+        m_model.lostLegends.push_back(
+            {element.at(), LostLegend::ClearedGroup, element.name(), static_cast<int>(legend.size())});
+    }
+    legend.clear();
+}
+
+void LegacyModelBuilder::readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
+                                     SectionValues &captions)
+{
+    if (reading.text < 0) {
+        return;
+    }
+    if (legend.empty()) {
+        m_model.lostLegends.push_back(
+            {reading.element.at(), LostLegend::CaptionWithoutClass, reading.element.name(), 0});
+        return;
+    }
+    keepValue(reading, ValueKind::Text);
+    noteOverwritten(reading, captions.elementAt(reading.token));
+    captions.take(reading);
+}
+
+} // namespace
+
+TemplateModel legacyModel(const XmlTree &document)
+{
+    return LegacyModelBuilder(document).build();
+}
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tools/check/xml/XmlTree.h"
+
+#include "format_legacy/CTemplateTokenizer.h"
+
+#include <QStringRef>
+
+#include <vector>
+
+namespace Tobrix::Tools {
+
+/// The token of an element among containers and sections, 0 for one that is neither.
+inline CTemplateTokenizer::TemplateToken templateTokenOf(const XmlElement &element)
+{
+    const QString name = element.name();
+    return CTemplateTokenizer::stringToTemplateToken(QStringRef(&name));
+}
+
+/// The tokens that the names of one document have in one section. Looks each name up once: a document has
+/// few, each many times.
+class SectionTokens
+{
+public:
+    template <typename Token>
+    SectionTokens(const XmlTree &document, Token (*tokenOf)(const QStringRef &))
+    {
+        for (const auto &name : document.names()) {
+            m_tokens.push_back(tokenOf(QStringRef(&name)));
+        }
+    }
+
+    int of(const XmlElement &element) const
+    {
+        return m_tokens[static_cast<std::size_t>(element.nameNumber())];
+    }
+
+private:
+    std::vector<int> m_tokens; // by the numbers of names
+};
+
+} // namespace Tobrix::Tools

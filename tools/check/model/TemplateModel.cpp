@@ -1,0 +1,34 @@
+#include "tools/check/model/TemplateModel.h"
+
+namespace Tobrix::Tools {
+
+void TemplateModel::makeIndex()
+{
+    m_lists.clear();
+    for (std::size_t i = 0; i < lists.size(); ++i) {
+        m_lists.insert(lists[i].name, static_cast<int>(i));
+    }
+    m_columnsOfViews.assign(views.size(), {});
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i].view >= 0) {
+            m_columnsOfViews[static_cast<std::size_t>(columns[i].view)].push_back(static_cast<int>(i));
+        }
+    }
+}
+
+const ListModel *TemplateModel::list(const QString &name) const
+{
+    const auto found = m_lists.constFind(name);
+    return found == m_lists.cend() ? nullptr : &lists[static_cast<std::size_t>(*found)];
+}
+
+std::vector<const ColumnModel *> TemplateModel::columnsOf(std::size_t view) const
+{
+    std::vector<const ColumnModel *> found;
+    for (const int column : m_columnsOfViews[view]) {
+        found.push_back(&columns[static_cast<std::size_t>(column)]);
+    }
+    return found;
+}
+
+} // namespace Tobrix::Tools

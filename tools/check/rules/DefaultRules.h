@@ -1,0 +1,20 @@
+#pragma once
+
+namespace Tobrix::Tools {
+
+class CheckedFile;
+class Findings;
+
+// Rules about default values: whether they reach their column, and what becomes of them there.
+
+void checkUnusedDefaults(const CheckedFile &file, Findings &findings);
+void checkDefaultViews(const CheckedFile &file, Findings &findings);
+void checkUnreachableDefaults(const CheckedFile &file, Findings &findings);
+void checkOverwrittenDefaults(const CheckedFile &file, Findings &findings);
+void checkDefaultNumbers(const CheckedFile &file, Findings &findings);
+void checkDefaultRanges(const CheckedFile &file, Findings &findings);
+void checkDefaultLengths(const CheckedFile &file, Findings &findings);
+void checkIgnoredDefaults(const CheckedFile &file, Findings &findings);
+void checkDefaultsInLists(const CheckedFile &file, Findings &findings);
+
+} // namespace Tobrix::Tools

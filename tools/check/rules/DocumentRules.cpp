@@ -1,0 +1,299 @@
+#include "tools/check/rules/DocumentRules.h"
+
+#include "tools/check/CheckedFile.h"
+#include "tools/check/model/LegacyTokens.h"
+#include "tools/check/rules/Rule.h"
+#include "tools/check/rules/Vocabulary.h"
+#include "tools/check/rules/Wording.h"
+
+#include "format_current/CurrentFormatTables_p.h"
+#include "format_legacy/CTemplateTokenizer.h"
+
+#include "host/CCatalogTemplateRegistry.h"
+#include "host/CTemplateDescriptor.h"
+#include "host/CoreApplication.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Tobrix::Tools {
+
+using namespace Templates;
+
+namespace {
+
+/// Elements that only one of the formats has.
+constexpr QLatin1String currentMarks[] = {
+    QLatin1String("TemplateIdentifier"),
+    QLatin1String("View"),
+    QLatin1String("Column"),
+    QLatin1String("ValueList"),
+    QLatin1String("DefaultValues"),
+    QLatin1String("AssignedCatalogs"),
+    QLatin1String("ClassificationColorScopes"),
+};
+constexpr QLatin1String legacyMarks[] = {
+    QLatin1String("TobrixTemplate"),
+    QLatin1String("TXSYS"),
+    QLatin1String("SYSTPL"),
+    QLatin1String("PROGVIEW"),
+    QLatin1String("SYSCOL"),
+    QLatin1String("SYSLIST"),
+    QLatin1String("LegendOfClassification"),
+};
+
+template <typename Names>
+bool hasAnyOf(const XmlTree &tree, const Names &names)
+{
+    return std::any_of(std::begin(names), std::end(names),
+                       [&tree](QLatin1String name) { return tree.numberOf(name) >= 0; });
+}
+
+/// An element of the current format that is read in a container only.
+struct ContainedElement
+{
+    QLatin1String element;
+    QLatin1String container;
+};
+
+constexpr ContainedElement containedElements[] = {
+    {QLatin1String("Column"), QLatin1String("View")},
+    {QLatin1String("ValueListItem"), QLatin1String("ValueList")},
+    {QLatin1String("DefaultValueScope"), QLatin1String("DefaultValues")},
+    {QLatin1String("DefaultValueItem"), QLatin1String("DefaultValueScope")},
+    {QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColorScopes")},
+    {QLatin1String("ClassificationColor"), QLatin1String("ClassificationColorScope")},
+    {QLatin1String("ClassificationColorPreset"), QLatin1String("ClassificationColorPresets")},
+};
+
+bool isWithin(XmlElement element, QLatin1String container)
+{
+    for (element = element.parent(); !element.isNull(); element = element.parent()) {
+        if (element.hasName(container)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void checkContainers(const XmlTree &tree, Findings &findings)
+{
+    for (const auto &row : containedElements) {
+        for (const auto &element : tree.all(row.element)) {
+            if (!isWithin(element, row.container)) {
+                findings.add(element.at(),
+                             QStringLiteral("<%1> outside of a <%2> is not read: what it describes is "
+                                            "missing from the template")
+                                 .arg(row.element, row.container));
+            }
+        }
+    }
+}
+
+bool hasUnknownRoot(const CheckedFile &file)
+{
+    const XmlElement root = file.tree().root();
+    return !root.isNull() && templateTokenOf(root) == 0;
+}
+
+} // namespace
+
+void checkWellFormed(const CheckedFile &file, Findings &findings)
+{
+    if (file.verdict().isWellFormed || !file.excess().isEmpty()) {
+        return;
+    }
+    const QString effect = file.isCurrent() ? QStringLiteral("the host reads only what stands before")
+                                            : QStringLiteral("the host refuses the file");
+    findings.add(file.faultAt(),
+                 QStringLiteral("not well-formed, %1: %2").arg(file.verdict().explanation, effect));
+}
+
+void checkLimits(const CheckedFile &file, Findings &findings)
+{
+    if (!file.excess().isEmpty()) {
+        const QString effect = file.isCurrent() ? QStringLiteral("the host gets an empty template")
+                                                : QStringLiteral("the host refuses the file");
+        findings.add(file.faultAt(), QStringLiteral("%1: %2").arg(file.excess(), effect));
+    }
+}
+
+void checkFolder(const CheckedFile &file, Findings &findings)
+{
+    const XmlTree &tree = file.tree();
+    const bool isOfCurrent = hasAnyOf(tree, currentMarks);
+    const bool isOfLegacy = hasAnyOf(tree, legacyMarks);
+    if (file.isCurrent() && isOfLegacy && !isOfCurrent) {
+        findings.add(
+            tree.root().at(),
+            QStringLiteral("a template of the legacy format under a path with \"templates_new/\": the "
+                           "host reads it as the current format and gets an empty template"));
+    } else if (!file.isCurrent() && isOfCurrent && !isOfLegacy) {
+        findings.add(tree.root().at(),
+                     QStringLiteral("a template of the current format under a path without "
+                                    "\"templates_new/\": the host reads it as the legacy format and gets an "
+                                    "empty template"));
+    }
+}
+
+void checkDocumentType(const CheckedFile &file, Findings &findings)
+{
+    const int at = file.tree().unfollowedDocumentType();
+    if (at >= 0) {
+        findings.add(at,
+                     QStringLiteral("the document type declares more than plain texts: what it adds to the "
+                                    "template is read, but not checked, and neither is the rest"));
+    }
+}
+
+void checkRepeatedAttributes(const CheckedFile &file, Findings &findings)
+{
+    const XmlTree &tree = file.tree();
+    for (const auto &node : tree.nodes()) {
+        for (int i = 1; i < node.attributeCount; ++i) {
+            const XmlAttribute &later = tree.attribute(node.firstAttribute + i);
+            for (int j = 0; j < i; ++j) {
+                const XmlAttribute &earlier = tree.attribute(node.firstAttribute + j);
+                if (tree.nameOf(earlier) == tree.nameOf(later)) {
+                    findings.add(later.at,
+                                 QStringLiteral("%1 is given twice: %2 is dropped, %3 counts")
+                                     .arg(tree.nameOf(later).toString(), quoted(tree.valueOf(earlier)),
+                                          quoted(tree.valueOf(later))));
+                    break;
+                }
+            }
+        }
+    }
+}
+
+void checkEntities(const CheckedFile &file, Findings &findings)
+{
+    for (const int at : file.tree().unknownEntities()) {
+        const int end = file.source().indexOf(QLatin1Char(';'), at);
+        const QString reference = file.source().mid(at, end - at + 1);
+        findings.add(
+            at, QStringLiteral("nothing declares %1: it is left out of the text").arg(quoted(reference)));
+    }
+}
+
+void checkRoot(const CheckedFile &file, Findings &findings)
+{
+    if (hasUnknownRoot(file)) {
+        const XmlElement root = file.tree().root();
+        const QString name = root.name();
+        const QString nearest = nearestOf(name, legacyElementNames(QString()));
+        findings.add(root.at(), QStringLiteral("<%1> is no root that the host knows: nothing in the file is "
+                                               "read, and the host gets an empty template%2")
+                                    .arg(name, suggestion(nearest)));
+    }
+}
+
+void checkReachability(const CheckedFile &file, Findings &findings)
+{
+    if (file.isCurrent()) {
+        checkContainers(file.tree(), findings);
+        return;
+    }
+    for (const auto &section : file.model().unreachableSections) {
+        const QString effect = section.name == section.within
+                                   ? QStringLiteral("its elements are read as those of the outer one")
+                                   : QStringLiteral("what it describes is missing from the template");
+        findings.add(section.at, QStringLiteral("<%1> within <%2> is not read as a section: %3")
+                                     .arg(section.name, section.within, effect));
+    }
+}
+
+void checkIds(const CheckedFile &file, Findings &findings)
+{
+    const TemplateModel &model = file.model();
+    if (model.header.uniqueId.isEmpty()) {
+        findings.add(model.header.at, QStringLiteral("the template has no id: the host cannot tell it from "
+                                                     "others, and its registry does not know it"));
+    }
+    for (const auto &view : model.views) {
+        if (view.id.isEmpty()) {
+            findings.add(view.at,
+                         QStringLiteral("the view has no id: of all views without one, the host gets "
+                                        "only the last"));
+        }
+    }
+}
+
+void checkKeys(const CheckedFile &file, Findings &findings)
+{
+    const TemplateModel &model = file.model();
+    if (model.header.key.isEmpty()) {
+        const QString element = file.isCurrent() ? QStringLiteral("Name") : QStringLiteral("TPL_Key");
+        findings.add(model.header.at,
+                     QStringLiteral("the template has no key (%1): the host shows none").arg(element));
+    }
+    for (const auto &view : model.views) {
+        if (view.key.isEmpty()) {
+            findings.add(view.at, QStringLiteral("the view has no key: the host cannot find it by one"));
+        }
+    }
+}
+
+void checkUnitSystem(const CheckedFile &file, Findings &findings)
+{
+    const Value &system = file.model().header.unitSystem;
+    QStringList known;
+    for (const auto &row : unitSystemNames) {
+        known.append(row.name);
+    }
+    if (system.isGiven() && !system.isPadded() && !known.contains(system.text)) {
+        findings.add(system.at, QStringLiteral("SystemOfUnits %1 is unknown: the template has no unit%2")
+                                    .arg(quoted(system.text), suggestion(nearestOf(system.text, known))));
+    }
+}
+
+void checkType(const CheckedFile &file, Findings &findings)
+{
+    const HeaderModel &header = file.model().header;
+    if (!header.type.isEmpty() || header.uniqueId.isEmpty()) {
+        return;
+    }
+    const auto *application = AppLogic::CoreApplication::instance();
+    const auto *registry = application ? application->catalogTemplateRegistry() : nullptr;
+    const auto *descriptor = registry ? registry->templateByUniqueId(header.uniqueId.text) : nullptr;
+    if (!descriptor || descriptor->type().isEmpty()) {
+        findings.add(header.at,
+                     QStringLiteral("neither the file nor the host's registry gives template %1 a type: it "
+                                    "stays empty (--host-config tells what a host knows)")
+                         .arg(quoted(header.uniqueId.text)));
+    }
+}
+
+void checkFirstElements(const CheckedFile &file, Findings &findings)
+{
+    for (const auto name : {ElementName::Name, ElementName::Version}) {
+        const QLatin1String text = elementNames[static_cast<std::size_t>(name)].text;
+        const auto isOfHeader = [](XmlElement element) {
+            for (element = element.parent(); !element.isNull(); element = element.parent()) {
+                if (isCurrentElement(element) && !element.hasName(QLatin1String("TemplateIdentifier"))) {
+                    return false;
+                }
+            }
+            return true;
+        };
+        const auto elements = file.tree().all(text);
+        if (elements.empty() || isOfHeader(elements.front())) {
+            continue;
+        }
+        const auto meant = std::find_if(elements.begin(), elements.end(), isOfHeader);
+        const XmlElement &read = elements.front();
+        if (meant == elements.end()) {
+            findings.add(read.at(), QStringLiteral("this <%1> is the only one there is to be the template's: "
+                                                   "the host takes %2 from it")
+                                        .arg(text, quoted(read.text())));
+        } else {
+            findings.add(meant->at(),
+                         QStringLiteral("this is not the first <%1> of the file: the template gets "
+                                        "%2 from the one in line %3")
+                             .arg(text, quoted(read.text()))
+                             .arg(file.lineOf(read.at())));
+        }
+    }
+}
+
+} // namespace Tobrix::Tools

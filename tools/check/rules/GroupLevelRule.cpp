@@ -1,0 +1,74 @@
+#include "tools/check/CheckedFile.h"
+#include "tools/check/rules/ColumnRules.h"
+#include "tools/check/rules/Rule.h"
+
+#include <algorithm>
+
+namespace Tobrix::Tools {
+
+namespace {
+
+/// Whether an attribute's name has the digit of a level where it is looked for.
+bool namesLevel(QStringView name)
+{
+    constexpr int digitPosition = 5;
+    return name.size() > digitPosition && name.at(digitPosition) >= QLatin1Char('1') &&
+           name.at(digitPosition) <= QLatin1Char('9');
+}
+
+bool hasLevelThatIsSet(const XmlElement &levels)
+{
+    const auto attributes = levels.attributes();
+    return std::any_of(attributes.begin(), attributes.end(), [&levels](const XmlAttribute *attribute) {
+        return levels.tree().valueOf(*attribute) == QLatin1String("true");
+    });
+}
+
+void checkLevels(const XmlElement &levels, Findings &findings)
+{
+    for (const XmlAttribute *attribute : levels.attributes()) {
+        const QStringView name = levels.tree().nameOf(*attribute);
+        if (!namesLevel(name)) {
+            findings.add(attribute->at,
+                         QStringLiteral("%1 names no group level and is ignored: the sixth character "
+                                        "has to be a digit from 1 to 9, as in Level1")
+                             .arg(name.toString()));
+        }
+    }
+}
+
+/// Whether somebody has written a word that says that the levels do not count.
+bool saysSimple(const XmlElement &restriction)
+{
+    const XmlAttribute *simple = restriction.attribute(QLatin1String("Simple"));
+    const QString value = simple ? restriction.tree().valueOf(*simple) : QString();
+    return value.isEmpty() || value == QLatin1String("true");
+}
+
+} // namespace
+
+void checkGroupLevels(const CheckedFile &file, Findings &findings)
+{
+    const QLatin1String groupLevel("GroupLevel");
+    for (const auto &column : file.tree().all(QLatin1String("Column"))) {
+        const XmlElement restriction = column.first(QLatin1String("VisibilityRestriction"));
+        for (const auto &levels : column.all(groupLevel)) {
+            if (!restriction.contains(levels)) {
+                findings.add(levels.at(), QStringLiteral("group levels outside of the column's "
+                                                         "<VisibilityRestriction> are ignored"));
+            } else if (!(restriction.first(groupLevel) == levels)) {
+                continue; // a second one, which is another rule's to find
+            } else if (saysSimple(restriction)) {
+                if (hasLevelThatIsSet(levels)) {
+                    findings.add(levels.at(),
+                                 QStringLiteral("group levels are ignored unless Simple is \"false\": "
+                                                "the column is in no group"));
+                }
+            } else {
+                checkLevels(levels, findings);
+            }
+        }
+    }
+}
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,213 @@
+#include "tools/check/rules/LegendRules.h"
+
+#include "tools/check/CheckedFile.h"
+#include "tools/check/rules/Colours.h"
+#include "tools/check/rules/Rule.h"
+#include "tools/check/rules/Wording.h"
+#include "tools/text/DisplayText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tobrix::Tools {
+
+namespace {
+
+template <typename Function>
+void forEachBand(const CheckedFile &file, Function function)
+{
+    for (const auto &legend : file.model().legends) {
+        std::for_each(legend.begin(), legend.end(), function);
+    }
+}
+
+/// Calls something with every class of a legend that has one below it, and with that class of those below it
+/// that reaches highest. Classes that no value falls into are left out.
+template <typename Function>
+void forEachNeighbour(const CheckedFile &file, Function function)
+{
+    for (const auto &legend : file.model().legends) {
+        std::vector<const BandModel *> bands;
+        for (const auto &band : legend) {
+            if (band.lower <= band.upper) {
+                bands.push_back(&band);
+            }
+        }
+        std::stable_sort(bands.begin(), bands.end(),
+                         [](const BandModel *a, const BandModel *b) { return a->lower < b->lower; });
+        const BandModel *highest = nullptr;
+        for (const BandModel *band : bands) {
+            if (highest) {
+                function(*highest, *band);
+            }
+            highest = highest && highest->upper > band->upper ? highest : band;
+        }
+    }
+}
+
+QString rangeOf(const BandModel &band)
+{
+    return QStringLiteral("%1 to %2").arg(inWords(band.lower), inWords(band.upper));
+}
+
+bool isWhole(double number)
+{
+    return std::trunc(number) == number;
+}
+
+/// Whether two classes of whole numbers follow each other: 0 to 9, 10 to 24.
+bool areOneApart(double upper, double lower)
+{
+    return isWhole(upper) && isWhole(lower) && lower - upper == 1.0;
+}
+
+/// Finds a legend whose name or object is none that the host shows.
+/// @return whether it is one of them
+bool checkScope(const XmlElement &scope, QLatin1String attributeName, const QStringList &known,
+                const QString &effect, Findings &findings)
+{
+    const XmlAttribute *attribute = scope.attribute(attributeName);
+    const QString value = attribute ? scope.tree().valueOf(*attribute) : QString();
+    const bool isPadded = value.trimmed() != value;
+    if (known.contains(value) || (isPadded && known.contains(value.trimmed()))) {
+        return true;
+    }
+    const QString nearest = nearestOf(value, known);
+    findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning,
+                 attribute ? attribute->at : scope.at(),
+                 QStringLiteral("the host shows no legend with the %1 %2: %3%4")
+                     .arg(attributeName, quoted(value), effect, suggestion(nearest)));
+    return false;
+}
+
+/// What the presets for sections come to: the scan for them ends with the first that completes them.
+struct SectionPresets
+{
+    XmlElement first;
+    XmlElement chosen;
+    QString name;
+};
+
+SectionPresets sectionPresets(const XmlTree &tree)
+{
+    SectionPresets presets;
+    const auto valueOf = [&tree](const XmlElement &preset, const char *name) {
+        const XmlAttribute *attribute = preset.attribute(QLatin1String(name));
+        return attribute ? tree.valueOf(*attribute) : QString();
+    };
+    const XmlElement container = tree.first(QLatin1String("ClassificationColorPresets"));
+    for (const auto &preset : container.all(QLatin1String("ClassificationColorPreset"))) {
+        if (valueOf(preset, "Scope") != QLatin1String("Section")) {
+            continue;
+        }
+        presets.first = presets.first.isNull() ? preset : presets.first;
+        const QString name = valueOf(preset, "ClassificationColorName");
+        presets.name = name.isNull() ? presets.name : name;
+        if (valueOf(preset, "Chapter") == QLatin1String("Color")) {
+            presets.chosen = preset;
+        }
+        if (!presets.name.isEmpty() && !presets.chosen.isNull()) {
+            break;
+        }
+    }
+    return presets;
+}
+
+} // namespace
+
+void checkLegendScopes(const CheckedFile &file, Findings &findings)
+{
+    const XmlElement container = file.tree().first(QLatin1String("ClassificationColorScopes"));
+    for (const auto &scope : container.all(QLatin1String("ClassificationColorScope"))) {
+        const bool isDefault = checkScope(scope, QLatin1String("Name"), {QStringLiteral("ClassColorDefault")},
+                                          QStringLiteral("its classes are not read"), findings);
+        if (isDefault) {
+            checkScope(scope, QLatin1String("Scope"), {QStringLiteral("Section"), QStringLiteral("Lateral")},
+                       QStringLiteral("its classes are dropped"), findings);
+        }
+    }
+}
+
+void checkReversedBands(const CheckedFile &file, Findings &findings)
+{
+    forEachBand(file, [&](const BandModel &band) {
+        if (band.lower > band.upper) {
+            const Value &end = band.to.isGiven() ? band.to : band.from;
+            findings.add(end.at, QStringLiteral("no value falls into the class from %1").arg(rangeOf(band)));
+        }
+    });
+}
+
+void checkOverlaps(const CheckedFile &file, Findings &findings)
+{
+    forEachNeighbour(file, [&](const BandModel &below, const BandModel &band) {
+        const bool isSame = band.lower == below.lower && band.upper == below.upper;
+        if (band.lower < below.upper || isSame) {
+            findings.add(band.at,
+                         QStringLiteral("the class from %1 overlaps the one from %2 in line %3: which colour "
+                                        "a value gets is the host's choice")
+                             .arg(rangeOf(band), rangeOf(below))
+                             .arg(file.lineOf(below.at)));
+        }
+    });
+}
+
+void checkGaps(const CheckedFile &file, Findings &findings)
+{
+    forEachNeighbour(file, [&](const BandModel &below, const BandModel &band) {
+        if (band.lower > below.upper && !areOneApart(below.upper, band.lower)) {
+            findings.add(band.at, QStringLiteral("values between %1 and %2 are in no class")
+                                      .arg(inWords(below.upper), inWords(band.lower)));
+        }
+    });
+}
+
+void checkColours(const CheckedFile &file, Findings &findings)
+{
+    forEachBand(file, [&](const BandModel &band) {
+        const QString &text = band.color.text;
+        if (text.isEmpty()) {
+            findings.add(band.at, QStringLiteral("the class from %1 has no colour").arg(rangeOf(band)));
+        } else if (!isColour(text) && !isColour(text.trimmed())) {
+            findings.add(band.color.at, QStringLiteral("%1 is no colour: the host gets the text as it is and "
+                                                       "shows what it shows for unknown ones")
+                                            .arg(quoted(text)));
+        }
+    });
+}
+
+void checkLostLegends(const CheckedFile &file, Findings &findings)
+{
+    for (const auto &lost : file.model().lostLegends) {
+        const QString fault =
+            lost.kind == LostLegend::ClearedGroup
+                ? QStringLiteral("a second <%1>: it drops what the first has, %2")
+                      .arg(lost.name, counted(lost.count, QStringLiteral("class"), QStringLiteral("classes")))
+                : QStringLiteral("<%1> stands before any class of its legend: it is lost").arg(lost.name);
+        findings.add(lost.at, fault);
+    }
+}
+
+void checkPresets(const CheckedFile &file, Findings &findings)
+{
+    const SectionPresets presets = sectionPresets(file.tree());
+    if (presets.first.isNull()) {
+        return;
+    }
+    if (presets.name.isEmpty()) {
+        findings.add(presets.first.at(),
+                     QStringLiteral("no preset for sections has a ClassificationColorName: the "
+                                    "template has no class name to start with"));
+    }
+    if (presets.chosen.isNull()) {
+        findings.add(presets.first.at(),
+                     QStringLiteral("no preset for sections has the Chapter \"Color\": the "
+                                    "template has no colour fields to start with"));
+    } else if (presets.chosen.all(QLatin1String("PresetProperty")).empty()) {
+        findings.add(presets.chosen.at(),
+                     QStringLiteral("the preset for sections names no <PresetProperty>: the "
+                                    "template has no colour fields to start with"));
+    }
+}
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,330 @@
+// The rules about names of elements and attributes, and about elements that stand where another one counts.
+
+#include "tools/check/CheckedFile.h"
+#include "tools/check/model/LegacyTokens.h"
+#include "tools/check/rules/DocumentRules.h"
+#include "tools/check/rules/Rule.h"
+#include "tools/check/rules/Vocabulary.h"
+#include "tools/check/rules/Wording.h"
+
+#include "format_legacy/CTemplateTokenizer.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+
+namespace Tobrix::Tools {
+
+namespace {
+
+bool holdsKnownElements(const XmlElement &element)
+{
+    for (const auto &child : element.children()) {
+        if (isCurrentElement(child) || holdsKnownElements(child)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether an element's name looks like that of a container: Columns, Views, Texts.
+bool isPlural(const XmlElement &element)
+{
+    return element.name().endsWith(QLatin1Char('s'));
+}
+
+void addUnknownElement(const XmlElement &element, const QString &nearest, Findings &findings)
+{
+    const QString name = element.name();
+    const QString message =
+        QStringLiteral("<%1> means nothing to the host: it is not read").arg(name) + suggestion(nearest);
+    findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning, element.at(), message);
+}
+
+/// Whether all text below an element is its own, whatever elements the text stands in.
+bool isText(const XmlElement &element)
+{
+    constexpr QLatin1String textElements[] = {QLatin1String("Name"), QLatin1String("Version"),
+                                              QLatin1String("TextItem"), QLatin1String("ValueListName")};
+    return std::any_of(std::begin(textElements), std::end(textElements),
+                       [&element](QLatin1String name) { return element.hasName(name); });
+}
+
+/// The unknown elements of the current format. It finds its own at any depth, so that containers of any name
+/// may hold them.
+void checkCurrentElementNames(const XmlElement &element, NearestNames &names, Findings &findings)
+{
+    for (const auto &child : element.children()) {
+        if (isCurrentElement(child)) {
+            if (!isText(child)) {
+                checkCurrentElementNames(child, names, findings);
+            }
+            continue;
+        }
+        const QString nearest = names.of(child.name());
+        const bool isContainer = (nearest.isEmpty() || isPlural(child)) && holdsKnownElements(child);
+        if (!isContainer) {
+            addUnknownElement(child, nearest, findings);
+        }
+        if (isContainer || !nearest.isEmpty()) {
+            checkCurrentElementNames(child, names, findings);
+        }
+    }
+}
+
+class LegacyElementNames
+{
+public:
+    LegacyElementNames(const XmlTree &document, Findings &findings)
+        : m_containerTokens(document, CTemplateTokenizer::stringToTemplateToken)
+        , m_sectionTokens{{CTemplateTokenizer::SYSTPL,
+                           {document, CTemplateTokenizer::stringToTemplateInfoToken}},
+                          {CTemplateTokenizer::PROGVIEW,
+                           {document, CTemplateTokenizer::stringToProgramViewToken}},
+                          {CTemplateTokenizer::SYSCOL, {document, CTemplateTokenizer::stringToColumnToken}},
+                          {CTemplateTokenizer::SYSLIST,
+                           {document, CTemplateTokenizer::stringToListItemToken}},
+                          {CTemplateTokenizer::LegendOfClassification,
+                           {document, CTemplateTokenizer::stringToLegendToken}}}
+        , m_findings(findings)
+    {
+    }
+
+    void checkContainer(const XmlElement &container)
+    {
+        for (const auto &child : container.children()) {
+            const int token = m_containerTokens.of(child);
+            if (token == CTemplateTokenizer::TXSYS || token == CTemplateTokenizer::TobrixTemplate) {
+                checkContainer(child);
+            } else if (token != 0) {
+                checkSection(child);
+            } else {
+                check(child, QString());
+            }
+        }
+    }
+
+    void checkSection(const XmlElement &section)
+    {
+        const auto tokens = m_sectionTokens.find(m_containerTokens.of(section));
+        checkWithin(section, tokens->second, section.name());
+    }
+
+private:
+    void checkWithin(const XmlElement &element, const SectionTokens &tokens, const QString &section)
+    {
+        for (const auto &child : element.children()) {
+            if (tokens.of(child) != 0) {
+                checkWithin(child, tokens, section);
+            } else if (m_containerTokens.of(child) == 0) {
+                check(child, section);
+            }
+        }
+    }
+
+    void check(const XmlElement &element, const QString &section)
+    {
+        if (holdsSections(element)) {
+            return; // which are out of reach, as another rule says
+        }
+        const QString name = element.name();
+        const QString home = legacySectionOf(name);
+        if (!home.isEmpty()) {
+            m_findings.add(Severity::Warning, element.at(),
+                           QStringLiteral("<%1> is read in <%2> only: here it is ignored").arg(name, home));
+            return;
+        }
+        auto names = m_names.find(section);
+        if (names == m_names.end()) {
+            names = m_names.insert(section, NearestNames(legacyElementNames(section)));
+        }
+        addUnknownElement(element, names->of(name), m_findings);
+    }
+
+    bool holdsSections(const XmlElement &element) const
+    {
+        const auto children = element.children();
+        return std::any_of(children.begin(), children.end(), [this](const XmlElement &child) {
+            return m_containerTokens.of(child) >= CTemplateTokenizer::SYSTPL || holdsSections(child);
+        });
+    }
+
+    const SectionTokens m_containerTokens;
+    const std::map<int, SectionTokens> m_sectionTokens;
+    Findings &m_findings;
+    QHash<QString, NearestNames> m_names;
+};
+
+bool isOfXmlItself(const QString &attribute)
+{
+    return attribute == QLatin1String("xmlns") || attribute.startsWith(QLatin1String("xmlns:")) ||
+           attribute.startsWith(QLatin1String("xml:"));
+}
+
+/// Elements of the current format that may have any attribute: the levels that a rule of their own looks at,
+/// and texts in several languages.
+bool hasAttributesOfItsOwn(const QString &element)
+{
+    return element == QLatin1String("GroupLevel") || element == QLatin1String("TextItem");
+}
+
+void checkAttributes(const XmlElement &element, const QStringList &known, Findings &findings)
+{
+    for (const XmlAttribute *attribute : element.attributes()) {
+        const QString name = element.tree().nameOf(*attribute).toString();
+        if (known.contains(name) || isOfXmlItself(name)) {
+            continue;
+        }
+        const QString nearest = nearestOf(name, known);
+        findings.add(
+            nearest.isEmpty() ? Severity::Note : Severity::Warning, attribute->at,
+            QStringLiteral("%1 means nothing to the host on <%2>: it is not read").arg(name, element.name()) +
+                suggestion(nearest));
+    }
+}
+
+/// An element of the current format of which a container has one, the first.
+struct SinglePart
+{
+    QLatin1String container; // none for the whole document
+    QLatin1String part;
+};
+
+constexpr SinglePart singleParts[] = {
+    {QLatin1String(), QLatin1String("TemplateIdentifier")},
+    {QLatin1String(), QLatin1String("ClassificationColorPresets")},
+    {QLatin1String(), QLatin1String("AssignedCatalogs")},
+    {QLatin1String(), QLatin1String("DefaultValues")},
+    {QLatin1String(), QLatin1String("ClassificationColorScopes")},
+    {QLatin1String("TemplateIdentifier"), QLatin1String("Name")},
+    {QLatin1String("TemplateIdentifier"), QLatin1String("Version")},
+    {QLatin1String("Column"), QLatin1String("BoundProperty")},
+    {QLatin1String("Column"), QLatin1String("Caption")},
+    {QLatin1String("Column"), QLatin1String("ToolTip")},
+    {QLatin1String("Column"), QLatin1String("VisibilityRestriction")},
+    {QLatin1String("Column"), QLatin1String("TextLengthRestriction")},
+    {QLatin1String("Column"), QLatin1String("NumericRangeRestriction")},
+    {QLatin1String("Column"), QLatin1String("ValueListName")},
+    {QLatin1String("Column"), QLatin1String("DisplayFormat")},
+    {QLatin1String("VisibilityRestriction"), QLatin1String("GroupLevel")},
+    {QLatin1String("BoundProperty"), QLatin1String("RefersTo")},
+    {QLatin1String("ValueListItem"), QLatin1String("Captions")},
+    {QLatin1String("DefaultValueItem"), QLatin1String("BoundProperty")},
+    {QLatin1String("ClassificationColor"), QLatin1String("Color")},
+    {QLatin1String("ClassificationColor"), QLatin1String("TextA")},
+    {QLatin1String("ClassificationColor"), QLatin1String("TextB")},
+};
+
+XmlElement nearestAround(const XmlElement &element, QLatin1String name)
+{
+    XmlElement around = element.parent();
+    while (!around.isNull() && !around.hasName(name)) {
+        around = around.parent();
+    }
+    return around;
+}
+
+/// Finds parts that stand where the same container has one already.
+void checkSinglePart(const CheckedFile &file, const SinglePart &row, Findings &findings)
+{
+    QHash<int, int> firstOfContainer;
+    for (const auto &part : file.tree().all(row.part)) {
+        const bool isOfDocument = row.container.isEmpty();
+        const XmlElement container = isOfDocument ? XmlElement() : nearestAround(part, row.container);
+        if (!isOfDocument && container.isNull()) {
+            continue;
+        }
+        const auto first = firstOfContainer.constFind(container.index());
+        if (first == firstOfContainer.cend()) {
+            firstOfContainer.insert(container.index(), part.at());
+            continue;
+        }
+        findings.add(part.at(), QStringLiteral("a second <%1>: it is ignored, the one in line %2 counts")
+                                    .arg(row.part)
+                                    .arg(file.lineOf(*first)));
+    }
+}
+
+/// An element of the current format that lends what it holds to one of its kind around it.
+struct Nesting
+{
+    QLatin1String container;
+    QLatin1String effect;
+};
+
+constexpr Nesting nestings[] = {
+    {QLatin1String("View"), QLatin1String("the outer view gets its columns as well")},
+    {QLatin1String("Column"), QLatin1String("the outer column takes from it what it does not have itself")},
+    {QLatin1String("ValueList"), QLatin1String("its items are in the outer list as well")},
+    {QLatin1String("ClassificationColorScope"),
+     QLatin1String("its classes are read for the outer one as well")},
+};
+
+} // namespace
+
+void checkElementNames(const CheckedFile &file, Findings &findings)
+{
+    const XmlElement root = file.tree().root();
+    if (file.isCurrent()) {
+        NearestNames names(currentElementNames());
+        checkCurrentElementNames(root, names, findings);
+        return;
+    }
+    const int token = templateTokenOf(root);
+    if (token >= CTemplateTokenizer::SYSTPL) {
+        LegacyElementNames(file.tree(), findings).checkSection(root);
+    } else if (token != 0) {
+        LegacyElementNames(file.tree(), findings).checkContainer(root);
+    }
+}
+
+void checkAttributeNames(const CheckedFile &file, Findings &findings)
+{
+    const XmlTree &tree = file.tree();
+    for (int i = 0; i < tree.size(); ++i) {
+        if (tree.node(i).kind != XmlNode::Element || tree.node(i).attributeCount == 0) {
+            continue;
+        }
+        const XmlElement element(tree, i);
+        const QString name = element.name();
+        if (!file.isCurrent()) {
+            if (!legacySectionOf(name).isEmpty()) {
+                checkAttributes(element, legacyAttributeNames(name), findings);
+            }
+        } else if (isCurrentElement(element) && !hasAttributesOfItsOwn(name)) {
+            checkAttributes(element, currentAttributeNames(name), findings);
+        }
+    }
+}
+
+void checkRepeatedElements(const CheckedFile &file, Findings &findings)
+{
+    if (file.isCurrent()) {
+        for (const auto &row : singleParts) {
+            checkSinglePart(file, row, findings);
+        }
+        return;
+    }
+    for (const auto &element : file.model().overwrittenElements) {
+        findings.add(element.at, QStringLiteral("a second <%1>: it overwrites the one in line %2")
+                                     .arg(element.name)
+                                     .arg(file.lineOf(element.overwrittenAt)));
+    }
+}
+
+void checkNesting(const CheckedFile &file, Findings &findings)
+{
+    for (const auto &nesting : nestings) {
+        for (const auto &element : file.tree().all(nesting.container)) {
+            if (!nearestAround(element, nesting.container).isNull()) {
+                findings.add(
+                    element.at(),
+                    QStringLiteral("a <%1> within another: %2").arg(nesting.container, nesting.effect));
+            }
+        }
+    }
+}
+
+} // namespace Tobrix::Tools

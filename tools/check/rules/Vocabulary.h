@@ -1,0 +1,29 @@
+#pragma once
+
+#include "tools/check/xml/XmlTree.h"
+
+#include <QStringList>
+
+namespace Tobrix::Tools {
+
+// The names that the formats' readers know, for rules about names.
+
+/// The elements of the current format.
+const QStringList &currentElementNames();
+
+/// Whether the current format's reader knows an element's name.
+bool isCurrentElement(const XmlElement &element);
+
+/// The attributes of an element of the current format that are read.
+QStringList currentAttributeNames(const QString &elementName);
+
+/// The elements that the legacy format's reader knows below a section, or below containers for a null one.
+QStringList legacyElementNames(const QString &section);
+
+/// The section that an element of the legacy format belongs in; empty for a name that it does not have.
+QString legacySectionOf(const QString &elementName);
+
+/// The attributes of an element of the legacy format that are read.
+QStringList legacyAttributeNames(const QString &elementName);
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,112 @@
+#include "tools/check/rules/Wording.h"
+
+#include "tools/text/DisplayText.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+namespace Tobrix::Tools {
+
+namespace {
+
+// Names of elements and codes are shorter than that; whatever is longer was not mistyped.
+constexpr int longestName = 64;
+
+/// The number of letters to insert, leave out, replace or swap with their neighbours.
+int distanceBetween(const QString &a, const QString &b)
+{
+    const int width = b.size() + 1;
+    std::vector<int> cells(static_cast<std::size_t>((a.size() + 1) * width));
+    const auto cell = [&](int row, int column) -> int & {
+        return cells[static_cast<std::size_t>(row * width + column)];
+    };
+    for (int row = 0; row <= a.size(); ++row) {
+        for (int column = 0; column <= b.size(); ++column) {
+            if (row == 0 || column == 0) {
+                cell(row, column) = row + column;
+                continue;
+            }
+            const int replaced = a.at(row - 1) == b.at(column - 1) ? 0 : 1;
+            int least = std::min(
+                {cell(row - 1, column) + 1, cell(row, column - 1) + 1, cell(row - 1, column - 1) + replaced});
+            if (row > 1 && column > 1 && a.at(row - 1) == b.at(column - 2) &&
+                a.at(row - 2) == b.at(column - 1)) {
+                least = std::min(least, cell(row - 2, column - 2) + 1);
+            }
+            cell(row, column) = least;
+        }
+    }
+    return cell(a.size(), b.size());
+}
+
+/// How far a name may be from one that it is mistaken for.
+int tolerance(int size)
+{
+    return size < 4 ? 0 : size < 8 ? 1 : 2;
+}
+
+} // namespace
+
+QString quoted(const QString &text)
+{
+    constexpr int widest = 40;
+    return QLatin1Char('"') + elided(printable(text), widest) + QLatin1Char('"');
+}
+
+QString inWords(double number)
+{
+    return numberText(number);
+}
+
+QString nameOf(const ColumnModel &column)
+{
+    const QString caption = column.caption.text.trimmed();
+    if (!caption.isEmpty()) {
+        return QStringLiteral("column %1").arg(quoted(caption));
+    }
+    return column.path.isEmpty() ? QStringLiteral("the column")
+                                 : QStringLiteral("column %1").arg(quoted(column.path));
+}
+
+QString nearestOf(const QString &name, const QStringList &candidates)
+{
+    const QString wanted = name.trimmed();
+    if (wanted.size() > longestName) {
+        return QString();
+    }
+    QString nearest;
+    int least = std::numeric_limits<int>::max();
+    for (const auto &candidate : candidates) {
+        if (std::abs(wanted.size() - candidate.size()) > tolerance(candidate.size())) {
+            continue;
+        }
+        const bool differsInCase = wanted.compare(candidate, Qt::CaseInsensitive) == 0;
+        const int distance = differsInCase ? 0 : distanceBetween(wanted, candidate);
+        if (distance <= tolerance(candidate.size()) && distance < least) {
+            least = distance;
+            nearest = candidate;
+        }
+    }
+    return nearest;
+}
+
+QString NearestNames::of(const QString &name)
+{
+    constexpr qint64 enoughComparisons = 1'000'000;
+    const auto found = m_nearest.constFind(name);
+    if (found != m_nearest.cend()) {
+        return *found;
+    }
+    m_comparisons += m_candidates.size();
+    return m_comparisons > enoughComparisons ? QString()
+                                             : *m_nearest.insert(name, nearestOf(name, m_candidates));
+}
+
+QString suggestion(const QString &nearest)
+{
+    return nearest.isEmpty() ? QString() : QStringLiteral("; did you mean \"%1\"?").arg(nearest);
+}
+
+} // namespace Tobrix::Tools

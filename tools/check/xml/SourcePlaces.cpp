@@ -1,0 +1,61 @@
+#include "tools/check/xml/SourcePlaces.h"
+
+#include <algorithm>
+
+namespace Tobrix::Tools {
+
+namespace {
+
+constexpr int blockSize = 1024;
+
+bool isCharacter(QChar c)
+{
+    return !c.isLowSurrogate();
+}
+
+} // namespace
+
+SourcePlaces::SourcePlaces(const QString &source) : m_source(source), m_lineStarts{0}
+{
+    for (int i = 0; i < source.size(); ++i) {
+        const QChar c = source.at(i);
+        const bool isPair =
+            c == QLatin1Char('\r') && i + 1 < source.size() && source.at(i + 1) == QLatin1Char('\n');
+        if ((c == QLatin1Char('\r') || c == QLatin1Char('\n')) && !isPair) {
+            m_lineStarts.push_back(i + 1);
+        }
+    }
+    int characters = 0;
+    for (int begin = 0; begin <= source.size(); begin += blockSize) {
+        m_charactersBeforeBlocks.push_back(characters);
+        const int end = std::min(begin + blockSize, source.size());
+        characters +=
+            static_cast<int>(std::count_if(source.cbegin() + begin, source.cbegin() + end, isCharacter));
+    }
+}
+
+int SourcePlaces::charactersBefore(int offset) const
+{
+    const int end = std::clamp(offset, 0, m_source.size());
+    const int block = end / blockSize;
+    const auto begin = m_source.cbegin() + block * blockSize;
+    return m_charactersBeforeBlocks[static_cast<std::size_t>(block)] +
+           static_cast<int>(std::count_if(begin, m_source.cbegin() + end, isCharacter));
+}
+
+Place SourcePlaces::placeOf(int offset) const
+{
+    const auto behind = std::upper_bound(m_lineStarts.cbegin(), m_lineStarts.cend(), offset);
+    const int lineStart = *(behind - 1);
+    return {static_cast<int>(behind - m_lineStarts.cbegin()),
+            charactersBefore(offset) - charactersBefore(lineStart) + 1};
+}
+
+int SourcePlaces::offsetOf(int line, int column) const
+{
+    const auto last = static_cast<int>(m_lineStarts.size());
+    const int lineStart = m_lineStarts[static_cast<std::size_t>(std::clamp(line, 1, last) - 1)];
+    return std::clamp(lineStart + column - 1, lineStart, std::max(lineStart, m_source.size()));
+}
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,266 @@
+#include "tools/check/xml/XmlScanner.h"
+
+#include <QRegularExpression>
+
+namespace Tobrix::Tools {
+
+namespace {
+
+bool isSpace(QChar c)
+{
+    return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\t') ||
+           c == QLatin1Char('\r');
+}
+
+bool endsName(QChar c)
+{
+    return isSpace(c) || c == QLatin1Char('>') || c == QLatin1Char('/') || c == QLatin1Char('=') ||
+           c == QLatin1Char('<') || c == QLatin1Char('"') || c == QLatin1Char('\'');
+}
+
+QStringView withoutPrefix(QStringView name)
+{
+    return name.mid(name.indexOf(QLatin1Char(':')) + 1);
+}
+
+} // namespace
+
+void XmlScanner::scan()
+{
+    // Templates have a node about every so many characters.
+    constexpr int charactersOfANode = 20;
+    m_tree.m_nodes.reserve(static_cast<std::size_t>(m_size / charactersOfANode));
+    while (m_at < m_size) {
+        const int markup = m_source.indexOf(QLatin1Char('<'), m_at);
+        scanText(markup < 0 ? m_size : markup);
+        if (m_at < m_size) {
+            scanMarkup();
+        }
+    }
+    if (!m_open.empty()) {
+        breakAt(m_tree.node(m_open.back()).at);
+    }
+    for (const int open : m_open) {
+        m_tree.m_nodes[static_cast<std::size_t>(open)].end = m_tree.size();
+    }
+}
+
+void XmlScanner::scanText(int end)
+{
+    if (end > m_at && !m_open.empty()) {
+        XmlNode text;
+        text.kind = XmlNode::Text;
+        text.at = m_at;
+        text.contentAt = m_at;
+        text.contentSize = end - m_at;
+        push(text);
+    }
+    m_at = end;
+}
+
+void XmlScanner::scanMarkup()
+{
+    if (isHere(QLatin1String("<!--"))) {
+        scanTo(QLatin1String("-->"), XmlNode::Comment, 4);
+    } else if (isHere(QLatin1String("<![CDATA["))) {
+        scanTo(QLatin1String("]]>"), XmlNode::CData, 9);
+    } else if (isHere(QLatin1String("<?"))) {
+        scanTo(QLatin1String("?>"), XmlNode::Instruction, 2);
+    } else if (isHere(QLatin1String("<!"))) {
+        scanDocumentType();
+    } else if (isHere(QLatin1String("</"))) {
+        scanEndTag();
+    } else {
+        scanStartTag();
+    }
+}
+
+void XmlScanner::scanTo(QLatin1String terminator, XmlNode::Kind kind, int openingSize)
+{
+    XmlNode node;
+    node.kind = kind;
+    node.contentAt = m_at + openingSize;
+    node.at = kind == XmlNode::CData ? node.contentAt : m_at;
+    const int found = m_source.indexOf(terminator, node.contentAt);
+    const int end = found < 0 ? m_size : found;
+    if (found < 0) {
+        breakAt(m_at);
+    }
+    node.contentSize = qMax(0, end - node.contentAt);
+    if (!m_open.empty()) {
+        push(node);
+    }
+    m_at = found < 0 ? m_size : end + terminator.size();
+}
+
+void XmlScanner::scanStartTag()
+{
+    XmlNode element;
+    element.at = m_at++;
+    element.contentAt = m_at;
+    QStringView name = takeName();
+    if (m_tree.m_flavour == XmlFlavour::Stream) {
+        const QStringView local = withoutPrefix(name);
+        element.contentAt += static_cast<int>(name.size() - local.size());
+        name = local;
+    }
+    element.contentSize = static_cast<int>(name.size());
+    element.name = numberOf(name);
+    element.firstAttribute = static_cast<int>(m_tree.m_attributes.size());
+    push(element);
+    m_open.push_back(m_tree.size() - 1);
+    scanAttributes();
+
+    XmlNode &pushed = m_tree.m_nodes.back();
+    pushed.attributeCount = static_cast<int>(m_tree.m_attributes.size()) - pushed.firstAttribute;
+    if (here() == QLatin1Char('/')) {
+        ++m_at;
+        m_open.pop_back();
+    }
+    const int end = m_source.indexOf(QLatin1Char('>'), m_at);
+    m_at = end < 0 ? m_size : end + 1;
+}
+
+void XmlScanner::scanAttributes()
+{
+    for (skipSpace(); m_at < m_size; skipSpace()) {
+        XmlAttribute attribute;
+        attribute.at = m_at;
+        attribute.nameSize = static_cast<int>(takeName().size());
+        skipSpace();
+        if (attribute.nameSize == 0 || here() != QLatin1Char('=')) {
+            return;
+        }
+        ++m_at;
+        skipSpace();
+        const QChar quote = here();
+        if (quote != QLatin1Char('"') && quote != QLatin1Char('\'')) {
+            return;
+        }
+        attribute.valueAt = m_at + 1;
+        const int end = m_source.indexOf(quote, attribute.valueAt);
+        attribute.valueSize = (end < 0 ? m_size : end) - attribute.valueAt;
+        m_at = end < 0 ? m_size : end + 1;
+        m_tree.m_attributes.push_back(attribute);
+    }
+}
+
+void XmlScanner::scanEndTag()
+{
+    const int at = m_at;
+    m_at += 2;
+    QStringView name = takeName();
+    if (m_tree.m_flavour == XmlFlavour::Stream) {
+        name = withoutPrefix(name);
+    }
+    const int end = m_source.indexOf(QLatin1Char('>'), m_at);
+    m_at = end < 0 ? m_size : end + 1;
+    if (m_open.empty()) {
+        breakAt(at);
+        return;
+    }
+    XmlNode &element = m_tree.m_nodes[static_cast<std::size_t>(m_open.back())];
+    if (QStringView(m_source).mid(element.contentAt, element.contentSize) != name) {
+        breakAt(at);
+    }
+    element.end = m_tree.size();
+    m_open.pop_back();
+}
+
+void XmlScanner::scanDocumentType()
+{
+    const int begin = m_at;
+    int brackets = 0;
+    QChar quote;
+    for (; m_at < m_size; ++m_at) {
+        const QChar c = m_source.at(m_at);
+        if (!quote.isNull()) {
+            quote = c == quote ? QChar() : quote;
+        } else if (isHere(QLatin1String("<!--"))) {
+            const int end = m_source.indexOf(QLatin1String("-->"), m_at + 4);
+            m_at = end < 0 ? m_size : end + 2;
+        } else if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
+            quote = c;
+        } else if (c == QLatin1Char('[')) {
+            ++brackets;
+        } else if (c == QLatin1Char(']')) {
+            --brackets;
+        } else if (c == QLatin1Char('>') && brackets <= 0) {
+            break;
+        }
+    }
+    readEntities(QStringView(m_source).mid(begin, m_at - begin), begin);
+    m_at = qMin(m_size, m_at + 1);
+}
+
+void XmlScanner::readEntities(QStringView documentType, int at)
+{
+    static const QRegularExpression comments(QStringLiteral("<!--.*?-->"),
+                                             QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression plainEntity(
+        QStringLiteral("<!ENTITY\\s+([^\\s%\"'>]+)\\s+(?:\"([^\"<%]*)\"|'([^'<%]*)')\\s*>"));
+    QString declarations = documentType.toString();
+    declarations.remove(comments);
+    auto matches = plainEntity.globalMatch(declarations);
+    int plainDeclarations = 0;
+    bool hasCharacterReference = false;
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        const QString text = match.captured(2) + match.captured(3);
+        // A character of a reference in there may turn out to be markup.
+        hasCharacterReference = hasCharacterReference || text.contains(QLatin1String("&#"));
+        if (!m_tree.m_entities.contains(match.captured(1))) {
+            m_tree.m_entities.insert(match.captured(1), text);
+        }
+        ++plainDeclarations;
+    }
+    const bool isPlain = declarations.count(QLatin1String("<!ENTITY")) == plainDeclarations &&
+                         !hasCharacterReference && !declarations.contains(QLatin1String("<!ATTLIST"));
+    if (!isPlain) {
+        m_tree.m_unfollowedDocumentType = at;
+    }
+}
+
+void XmlScanner::skipSpace()
+{
+    while (m_at < m_size && isSpace(m_source.at(m_at))) {
+        ++m_at;
+    }
+}
+
+QStringView XmlScanner::takeName()
+{
+    const int begin = m_at;
+    while (m_at < m_size && !endsName(m_source.at(m_at))) {
+        ++m_at;
+    }
+    return QStringView(m_source).mid(begin, m_at - begin);
+}
+
+int XmlScanner::numberOf(QStringView name)
+{
+    const auto found = m_tree.m_numbers.constFind(name);
+    if (found != m_tree.m_numbers.cend()) {
+        return *found;
+    }
+    const int number = static_cast<int>(m_tree.m_names.size());
+    m_tree.m_numbers.insert(name, number);
+    m_tree.m_names.push_back(name.toString());
+    return number;
+}
+
+void XmlScanner::push(XmlNode node)
+{
+    node.parent = m_open.empty() ? -1 : m_open.back();
+    node.end = m_tree.size() + 1;
+    m_tree.m_nodes.push_back(node);
+}
+
+void XmlScanner::breakAt(int at)
+{
+    if (m_tree.m_brokenAt < 0) {
+        m_tree.m_brokenAt = at;
+    }
+}
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tools/check/xml/XmlTree.h"
+
+namespace Tobrix::Tools {
+
+/// Fills a tree from its source. Takes what a parser has accepted, and comes to an end on everything else.
+class XmlScanner
+{
+public:
+    explicit XmlScanner(XmlTree &tree) : m_tree(tree), m_source(tree.m_source) {}
+
+    void scan();
+
+private:
+    void scanMarkup();
+    void scanText(int end);
+    void scanStartTag();
+    void scanAttributes();
+    void scanEndTag();
+    void scanDocumentType();
+    void readEntities(QStringView documentType, int at);
+
+    /// Takes markup up to a terminator, which it passes.
+    void scanTo(QLatin1String terminator, XmlNode::Kind kind, int openingSize);
+
+    QChar here() const { return m_at < m_size ? m_source.at(m_at) : QChar(); }
+    bool isHere(QLatin1String text) const { return QStringView(m_source).mid(m_at).startsWith(text); }
+    void skipSpace();
+    QStringView takeName();
+    int numberOf(QStringView name);
+    void push(XmlNode node);
+    void breakAt(int at);
+
+    XmlTree &m_tree;
+    const QString &m_source;
+    const int m_size = m_source.size();
+    int m_at = 0;
+    std::vector<int> m_open;
+};
+
+} // namespace Tobrix::Tools
