@@ -409,7 +409,7 @@ void NewTemplateXMLReader::readLegendLists(const DocumentIndex &document)
     }
 }
 
-void NewTemplateXMLReader::readLegendListItem(const IndexedElement &scope, QString scopeName)
+void NewTemplateXMLReader::readLegendListItem(const IndexedElement &scope, const QString &scopeName)
 {
     for (const auto &element : scope.all(ElementName::ClassificationColor)) {
         CTemplateLegendDataItem item;

@@ -53,7 +53,7 @@ private:
     TOBRIX_TEMPLATES_NO_EXPORT void readDefaultValues(const DocumentIndex &document);
 
     TOBRIX_TEMPLATES_NO_EXPORT void readLegendLists(const DocumentIndex &document);
-    TOBRIX_TEMPLATES_NO_EXPORT void readLegendListItem(const IndexedElement &scope, QString scopeName);
+    TOBRIX_TEMPLATES_NO_EXPORT void readLegendListItem(const IndexedElement &scope, const QString &scopeName);
 
     QDomDocument m_document;
     CTemplateRawData *m_rawData = nullptr;

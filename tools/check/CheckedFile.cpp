@@ -37,6 +37,8 @@ constexpr LimitedContent limitedContents[] = {
      QLatin1String("list items")},
     {true, QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColor"),
      Limits::legendItems, QLatin1String("legend classes")},
+    {true, QLatin1String(), QLatin1String("View"), Limits::views, QLatin1String("views")},
+    {false, QLatin1String(), QLatin1String("PROGVIEW"), Limits::views, QLatin1String("views")},
     {false, QLatin1String(), QLatin1String("SYSCOL"), Limits::columns, QLatin1String("columns")},
     {false, QLatin1String(), QLatin1String("SYSLIST"), Limits::listItems, QLatin1String("list items")},
 };
