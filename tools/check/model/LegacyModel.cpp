@@ -81,11 +81,23 @@ ValueKind kindOfField(const Fields &fields, const Exact &exactTokens, int token)
     return isText ? (isOneOf(token, exactTokens) ? ValueKind::Exact : ValueKind::Text) : kind;
 }
 
-/// Whether anybody has a use for the text of an element.
+template <typename Token>
+constexpr bool isListName(Token)
+{
+    return false;
+}
+constexpr bool isListName(Tokens::ListItemToken token)
+{
+    return token == Tokens::LIST_Name;
+}
+
+/// Whether anybody has a use for the text of an element. The name of an item's list has no target, since the
+/// reader keeps it.
 template <typename Fields>
 bool isUsed(const Fields &fields, int token)
 {
-    return !std::holds_alternative<std::monostate>(fields[token - 1].target) || token == Tokens::LIST_Name;
+    const auto &field = fields[token - 1];
+    return !std::holds_alternative<std::monostate>(field.target) || isListName(field.token);
 }
 
 // The column's section has the most tokens.

@@ -82,14 +82,14 @@ const std::vector<Rule> &allRules()
      "Names are compared exactly, and an element of another name is not read. It is a warning when "
      "the name is near a known one, or known in another section only; else a note, since a host may "
      "keep data of its own in a template. In the current format an unknown element around known ones "
-     "is no finding: these are found at any depth.",
+     "is no finding, since these are found at any depth, unless its name is near a known one.",
      "<ToolTips><TextItem>Inner diameter</TextItem></ToolTips>",
      "<ToolTip><TextItem>Inner diameter</TextItem></ToolTip>"},
     {"unknown-attribute", Severity::Warning, Formats::Both, checkAttributeNames,
      "an attribute means nothing to the host",
      "Names are compared exactly, and an attribute of another name is not read. It is a warning when "
      "the name is near a known one of its element, else a note. In the legacy format only class has "
-     "attributes.",
+     "attributes. A TextItem may have any: texts in several languages need one.",
      "<Column Datatype=\"Text\"/>",
      "<Column DataType=\"Text\"/>"},
     {"element-not-first", Severity::Warning, Formats::Current, checkFirstElements,
@@ -145,22 +145,21 @@ const std::vector<Rule> &allRules()
     // Values
     {"not-a-number", Severity::Error, Formats::Both, checkNumbers,
      "a value that should be a number is none",
-     "Numbers are read without units, thousands separators or decimal commas, and widths, orders and "
-     "lengths without decimal places. What does not convert reads as 0, which for a limit is another "
-     "limit.",
+     "Numbers are read without units, thousands separators or decimal commas, and widths and orders "
+     "without decimal places. What does not convert reads as 0, which for a limit is another limit.",
      "<Column Width=\"120px\"/>",
      "<Column Width=\"120\"/>"},
     {"number-out-of-range", Severity::Warning, Formats::Both, checkNumberRanges,
      "a number does not fit where it is kept",
      "Whole numbers have 32 bits, -2147483648 to 2147483647. One beyond that reads as 0; a limit of a "
-     "whole-number column, or a text length, becomes the nearest that fits.",
+     "whole-number column, or a text length of the current format, becomes the nearest that fits.",
      "<Column Ordinal=\"9999999999\"/>",
      "<Column Ordinal=\"9999\"/>"},
     {"fraction-truncated", Severity::Warning, Formats::Both, checkFractions,
      "a number loses its decimal places",
-     "The range and the step of a whole-number column, and a text length, are read as decimal numbers "
-     "and cut to whole ones: a step of 0.5 becomes 0. Use whole numbers, or a column for decimal "
-     "ones.",
+     "The range and the step of a whole-number column, and a text length of the current format, are "
+     "read as decimal numbers and cut to whole ones: a step of 0.5 becomes 0. Use whole numbers, or a "
+     "column for decimal ones.",
      "<Column DataType=\"Integer\"><NumericRangeRestriction Step=\"0.5\"/></Column>",
      "<Column DataType=\"Integer\"><NumericRangeRestriction Step=\"1\"/></Column>"},
     {"not-a-boolean", Severity::Warning, Formats::Both, checkFlags,
