@@ -29,7 +29,8 @@ enum class TextRule {
 /// Whether the stream has come to an end, be it the document's or an error.
 inline bool isFinished(const QXmlStreamReader &xml)
 {
-    return xml.tokenType() == QXmlStreamReader::EndDocument || xml.hasError();
+    const auto token = xml.tokenType();
+    return token == QXmlStreamReader::EndDocument || token == QXmlStreamReader::Invalid;
 }
 
 /// Walks over one section, from its start tag to its end tag.

@@ -64,6 +64,22 @@ bool isExtendedAscii(const QByteArray &encoding)
     return names.match(QString::fromLatin1(encoding)).hasMatch();
 }
 
+/// Counts in blocks whose count a byte holds, so that many characters are compared at once.
+int lineBreaksIn(const char *text, qint64 size)
+{
+    constexpr qint64 blockSize = 255;
+    int count = 0;
+    for (qint64 begin = 0; begin < size; begin += blockSize) {
+        const qint64 end = std::min(size, begin + blockSize);
+        unsigned char countInBlock = 0;
+        for (qint64 i = begin; i < end; ++i) {
+            countInBlock = static_cast<unsigned char>(countInBlock + (text[i] == '\n' ? 1 : 0));
+        }
+        count += countInBlock;
+    }
+    return count;
+}
+
 // Qt's DOM parser looks no further.
 constexpr int xmlDeclarationSize = 1024;
 
@@ -239,13 +255,7 @@ qint64 TemplateFile::leaveOutIndentation(char *data, qint64 size) const
 
 void TemplateFile::countPlace(const char *utf8, qint64 size)
 {
-    const char *const end = utf8 + size;
-    const auto *newline = utf8;
-    while ((newline = static_cast<const char *>(
-                std::memchr(newline, '\n', static_cast<std::size_t>(end - newline))))) {
-        ++m_line;
-        ++newline;
-    }
+    m_line += lineBreaksIn(utf8, size);
     // The column matters only where something is too much.
     if (!m_excess.isEmpty()) {
         const QByteArray bytes = QByteArray::fromRawData(utf8, static_cast<int>(size));

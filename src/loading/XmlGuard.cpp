@@ -40,7 +40,7 @@ const char *XmlGuard::followState(const char *at, const char *end)
     case State::Text:
         return followText(at, end);
     case State::Markup:
-        return followMarkup(at);
+        return followMarkup(at, end);
     case State::Declaration:
         return followDeclaration(at);
     case State::Comment:
@@ -87,15 +87,17 @@ const char *XmlGuard::followText(const char *at, const char *end)
         return at;
     }
     enter(State::Markup);
-    return at + 1;
+    ++at;
+    return at == end ? at : followMarkup(at, end);
 }
 
-const char *XmlGuard::followMarkup(const char *at)
+const char *XmlGuard::followMarkup(const char *at, const char *end)
 {
+    // Tags, which is what most markup is, are followed at once.
     switch (*at) {
     case '/':
         enter(State::EndTag);
-        return at + 1;
+        return followEndTag(at + 1, end);
     case '!':
         m_declaration.clear();
         enter(State::Declaration);
@@ -105,7 +107,7 @@ const char *XmlGuard::followMarkup(const char *at)
         return at + 1;
     default:
         openElement();
-        return at;
+        return m_excess.isEmpty() ? followStartTag(at, end) : at;
     }
 }
 

@@ -69,7 +69,7 @@ private:
     const char *followState(const char *at, const char *end);
     const char *followWhiteSpace(const char *at, const char *end);
     const char *followText(const char *at, const char *end);
-    const char *followMarkup(const char *at);
+    const char *followMarkup(const char *at, const char *end);
     const char *followDeclaration(const char *at);
     const char *followToTerminator(char repeated, int count, const char *at, const char *end);
     const char *followStartTag(const char *at, const char *end);
