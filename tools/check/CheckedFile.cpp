@@ -41,13 +41,28 @@ constexpr LimitedContent limitedContents[] = {
     {false, QLatin1String(), QLatin1String("SYSLIST"), Limits::listItems, QLatin1String("list items")},
 };
 
+/// The containers of a kind that count. Of the legends that are those of the scheme that hosts show.
+std::vector<XmlElement> containersOf(const XmlTree &tree, QLatin1String container)
+{
+    if (container != QLatin1String("ClassificationColorScope")) {
+        return tree.all(container);
+    }
+    std::vector<XmlElement> scopes = tree.first(QLatin1String("ClassificationColorScopes")).all(container);
+    const auto isOther = [&tree](const XmlElement &scope) {
+        const XmlAttribute *name = scope.attribute(QLatin1String("Name"));
+        return !name || tree.valueOf(*name) != QLatin1String("ClassColorDefault");
+    };
+    scopes.erase(std::remove_if(scopes.begin(), scopes.end(), isOther), scopes.end());
+    return scopes;
+}
+
 std::size_t countOf(const XmlTree &tree, const LimitedContent &limited)
 {
     if (limited.container.isEmpty()) {
         return tree.all(limited.content).size();
     }
     std::size_t count = 0;
-    for (const auto &container : tree.all(limited.container)) {
+    for (const auto &container : containersOf(tree, limited.container)) {
         count += container.all(limited.content).size();
     }
     return count;
