@@ -44,7 +44,7 @@ void CountLimitsTest::containersInEachOtherGoPastALimit()
     QFETCH(QByteArray, content);
     QFETCH(int, limit);
     QFETCH(QString, words);
-    constexpr int nesting = 90;
+    constexpr int nesting = Limits::depth - 5;
     const QByteArray end = "</" + container.split(' ').first() + '>';
     const QByteArray document = "<TemplateIdentifier Id=\"T1\"/>" + begin +
                                 ('<' + container + '>').repeated(nesting) +
@@ -66,7 +66,7 @@ void CountLimitsTest::containersInEachOtherGoPastALimit()
 
 void CountLimitsTest::classesOfOtherSchemesAreNotCounted()
 {
-    constexpr int nesting = 90;
+    constexpr int nesting = Limits::depth - 5;
     const QByteArray scopes =
         QByteArray("<ClassificationColorScope Name=\"Other\">").repeated(nesting) +
         QByteArray("<ClassificationColor/>").repeated(Limits::legendItems / nesting + 1) +

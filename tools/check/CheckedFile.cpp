@@ -11,6 +11,7 @@
 
 #include <QBuffer>
 #include <QDomDocument>
+#include <QFile>
 
 #include <algorithm>
 #include <iterator>
@@ -68,6 +69,14 @@ std::size_t countOf(const XmlTree &tree, const LimitedContent &limited)
     return count;
 }
 
+/// As much of a file as one would look for a place in.
+QByteArray beginningOf(const QString &fileName)
+{
+    constexpr qint64 enough = 64 * 1024 * 1024;
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.read(enough) : QByteArray();
+}
+
 XmlVerdict verdictOn(const QByteArray &bytes, bool isCurrent)
 {
     QBuffer buffer;
@@ -106,9 +115,11 @@ void CheckedFile::read()
     m_verdict = verdictOn(bytes, m_isCurrent);
     if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(m_verdict.line, m_verdict.column)) {
         m_excess = file.excess();
-        // What is too much is noticed within the tag that brings it.
+        // Of such a file only a beginning was handed out, which need not reach as far as the place.
+        m_source = decodedXml(beginningOf(m_fileName));
         const int noticedAt = places().offsetOf(file.excessLine(), file.excessColumn());
-        const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), noticedAt);
+        // What is too much is noticed within the tag that brings it.
+        const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), std::min(noticedAt, m_source.size() - 1));
         m_faultAt = tagAt < 0 ? noticedAt : tagAt;
     } else if (!m_verdict.isWellFormed) {
         // The parsers stop behind the fault. Where an element is at fault, its own place says more.

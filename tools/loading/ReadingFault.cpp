@@ -1,7 +1,5 @@
 #include "tools/loading/ReadingFault.h"
 
-#include "tools/loading/XmlVerdict.h"
-
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacySection_p.h"
 #include "loading/Limits_p.h"
@@ -18,12 +16,21 @@ using namespace Templates;
 
 namespace {
 
-QString notWellFormed(const XmlVerdict &verdict)
+/// A parser's explanation as the end of a sentence of ours.
+QString withoutFullStop(QString explanation)
+{
+    if (explanation.endsWith(QLatin1Char('.'))) {
+        explanation.chop(1);
+    }
+    return explanation;
+}
+
+QString notWellFormed(qint64 line, qint64 column, const QString &explanation)
 {
     return QStringLiteral("not well-formed at line %1, column %2: %3")
-        .arg(verdict.line)
-        .arg(verdict.column)
-        .arg(verdict.explanation);
+        .arg(line)
+        .arg(column)
+        .arg(withoutFullStop(explanation));
 }
 
 /// Walks over a list item as the legacy reader does, and says whether it names its list.
@@ -111,25 +118,29 @@ QString faultOfLegacyFile(TemplateFile &file)
             xml.skipCurrentElement();
         }
     }
-    const XmlVerdict verdict = verdictOf(xml);
-    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(verdict.line, verdict.column)) {
+    const int line = static_cast<int>(xml.lineNumber());
+    const int column = static_cast<int>(xml.columnNumber()) + 1;
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
         return excessOf(file);
     }
-    return verdict.isWellFormed ? QString() : notWellFormed(verdict);
+    return xml.hasError() ? notWellFormed(line, column, xml.errorString()) : QString();
 }
 
 QString faultOfCurrentFile(TemplateFile &file)
 {
     QDomDocument document;
-    const XmlVerdict verdict = judgeByDom(file, document);
-    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(verdict.line, verdict.column)) {
+    QString explanation;
+    int line = 0;
+    int column = 0;
+    const bool isWellFormed = document.setContent(&file, false, &explanation, &line, &column);
+    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(line, column)) {
         return excessOf(file);
     }
     const QString excess = excessOf(document);
-    if (!excess.isEmpty() || verdict.isWellFormed) {
+    if (!excess.isEmpty() || isWellFormed) {
         return excess;
     }
-    return notWellFormed(verdict) + QStringLiteral("; what follows was lost");
+    return notWellFormed(line, column, explanation) + QStringLiteral("; what follows was lost");
 }
 
 QString readingFault(const CTemplateRawData &rawData)
