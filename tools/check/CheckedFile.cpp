@@ -72,7 +72,7 @@ std::size_t countOf(const XmlTree &tree, const LimitedContent &limited)
 /// As much of a file as one would look for a place in.
 QByteArray beginningOf(const QString &fileName)
 {
-    constexpr qint64 enough = 64 * 1024 * 1024;
+    constexpr int enough = 64 * 1024 * 1024;
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.read(enough) : QByteArray();
 }

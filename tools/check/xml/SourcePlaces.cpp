@@ -44,7 +44,8 @@ int SourcePlaces::charactersBefore(int offset) const
 {
     const int end = std::clamp(offset, 0, m_source.size());
     const int block = end / blockSize;
-    const auto begin = m_source.cbegin() + block * blockSize;
+    const int blockBegin = block * blockSize;
+    const auto begin = m_source.cbegin() + blockBegin;
     return m_charactersBeforeBlocks[static_cast<std::size_t>(block)] +
            static_cast<int>(std::count_if(begin, m_source.cbegin() + end, isCharacter));
 }
