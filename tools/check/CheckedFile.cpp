@@ -11,6 +11,7 @@
 
 #include <QBuffer>
 #include <QDomDocument>
+#include <QFile>
 
 #include <algorithm>
 #include <iterator>
@@ -43,16 +44,39 @@ constexpr LimitedContent limitedContents[] = {
     {false, QLatin1String(), QLatin1String("SYSLIST"), Limits::listItems, QLatin1String("list items")},
 };
 
+/// The containers of a kind that count. Of the legends that are those of the scheme that hosts show.
+std::vector<XmlElement> containersOf(const XmlTree &tree, QLatin1String container)
+{
+    if (container != QLatin1String("ClassificationColorScope")) {
+        return tree.all(container);
+    }
+    std::vector<XmlElement> scopes = tree.first(QLatin1String("ClassificationColorScopes")).all(container);
+    const auto isOther = [&tree](const XmlElement &scope) {
+        const XmlAttribute *name = scope.attribute(QLatin1String("Name"));
+        return !name || tree.valueOf(*name) != QLatin1String("ClassColorDefault");
+    };
+    scopes.erase(std::remove_if(scopes.begin(), scopes.end(), isOther), scopes.end());
+    return scopes;
+}
+
 std::size_t countOf(const XmlTree &tree, const LimitedContent &limited)
 {
     if (limited.container.isEmpty()) {
         return tree.all(limited.content).size();
     }
     std::size_t count = 0;
-    for (const auto &container : tree.all(limited.container)) {
+    for (const auto &container : containersOf(tree, limited.container)) {
         count += container.all(limited.content).size();
     }
     return count;
+}
+
+/// As much of a file as one would look for a place in.
+QByteArray beginningOf(const QString &fileName)
+{
+    constexpr int enough = 64 * 1024 * 1024;
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.read(enough) : QByteArray();
 }
 
 XmlVerdict verdictOn(const QByteArray &bytes, bool isCurrent)
@@ -93,9 +117,11 @@ void CheckedFile::read()
     m_verdict = verdictOn(bytes, m_isCurrent);
     if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(m_verdict.line, m_verdict.column)) {
         m_excess = file.excess();
-        // What is too much is noticed within the tag that brings it.
+        // Of such a file only a beginning was handed out, which need not reach as far as the place.
+        m_source = decodedXml(beginningOf(m_fileName));
         const int noticedAt = places().offsetOf(file.excessLine(), file.excessColumn());
-        const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), noticedAt);
+        // What is too much is noticed within the tag that brings it.
+        const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), std::min(noticedAt, m_source.size() - 1));
         m_faultAt = tagAt < 0 ? noticedAt : tagAt;
     } else if (!m_verdict.isWellFormed) {
         // The parsers stop behind the fault. Where an element is at fault, its own place says more.

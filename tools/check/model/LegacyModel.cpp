@@ -109,9 +109,9 @@ class SectionValues
 public:
     explicit SectionValues(int at) : m_at(at) { m_elements.fill(-1); }
 
-    void take(const LegacyReading &reading)
+    void take(const LegacyReading &reading, const Value &value)
     {
-        m_values[index(reading.token)] = {reading.value(), reading.at()};
+        m_values[index(reading.token)] = value;
         m_elements[index(reading.token)] = reading.element.at();
     }
 
@@ -159,7 +159,7 @@ private:
     template <typename Fields, typename KindOf>
     SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
                            const Fields &fields, KindOf kindOf);
-    void keepValue(const LegacyReading &reading, ValueKind kind);
+    void keepValue(const LegacyReading &reading, const Value &value, ValueKind kind);
     void findUnreachable(const XmlElement &within);
     void noteOverwritten(const LegacyReading &reading, int earlierAt);
 
@@ -263,16 +263,16 @@ void LegacyModelBuilder::noteOverwritten(const LegacyReading &reading, int earli
     }
 }
 
-void LegacyModelBuilder::keepValue(const LegacyReading &reading, ValueKind kind)
+void LegacyModelBuilder::keepValue(const LegacyReading &reading, const Value &value, ValueKind kind)
 {
     const QString name = reading.element.name();
     if (reading.ignoredText >= 0) {
-        m_model.ignoredTexts.push_back({m_document.node(reading.ignoredText).at, name, reading.value()});
+        m_model.ignoredTexts.push_back({m_document.node(reading.ignoredText).at, name, value.text});
     }
     if (reading.isCaptured) {
         m_model.capturedSpaces.push_back({reading.element.at(), name, kind});
     } else if (reading.text >= 0 && kind != ValueKind::Text) {
-        m_model.values.push_back({{reading.value(), reading.at()}, name, kind});
+        m_model.values.push_back({value, name, kind});
     }
 }
 
@@ -287,10 +287,11 @@ SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section,
             continue;
         }
         noteOverwritten(reading, values.elementAt(reading.token));
-        if (reading.text >= 0) {
-            values.take(reading);
+        const Value value{reading.value(), reading.at()};
+        if (value.isGiven()) {
+            values.take(reading, value);
         }
-        keepValue(reading, kindOf(reading.token));
+        keepValue(reading, value, kindOf(reading.token));
     }
     return values;
 }
@@ -510,9 +511,10 @@ void LegacyModelBuilder::readCaption(const LegacyReading &reading, const std::ve
             {reading.element.at(), LostLegend::CaptionWithoutClass, reading.element.name(), 0});
         return;
     }
-    keepValue(reading, ValueKind::Text);
+    const Value value{reading.value(), reading.at()};
+    keepValue(reading, value, ValueKind::Text);
     noteOverwritten(reading, captions.elementAt(reading.token));
-    captions.take(reading);
+    captions.take(reading, value);
 }
 
 } // namespace

@@ -21,12 +21,10 @@ namespace {
 
 bool holdsKnownElements(const XmlElement &element)
 {
-    for (const auto &child : element.children()) {
-        if (isCurrentElement(child) || holdsKnownElements(child)) {
-            return true;
-        }
-    }
-    return false;
+    const auto children = element.children();
+    return std::any_of(children.begin(), children.end(), [](const XmlElement &child) {
+        return isCurrentElement(child) || holdsKnownElements(child);
+    });
 }
 
 /// Whether an element's name looks like that of a container: Columns, Views, Texts.

@@ -30,8 +30,8 @@ const std::vector<Rule> &allRules()
      "within limits: elements in each other, attributes of an element, the size of a document type, "
      "columns and items in all. Nothing of a file beyond a limit is used: in the current format the "
      "host gets an empty template, in the legacy format none. No other rule looks at such a file.",
-     "<!-- elements nested 101 levels deep -->",
-     "<!-- at most 100 -->", true},
+     "<Template a1=\"\" a2=\"\" ...> and so on, up to 257 attributes",
+     "<Template a1=\"\" a2=\"\" ...> and so on, up to 256 at most", true},
     {"wrong-folder", Severity::Error, Formats::Both, checkFolder,
      "a template of one format lies where the host expects the other",
      "The host reads a file as the current format when its path contains \"templates_new/\", and as the "

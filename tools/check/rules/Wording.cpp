@@ -18,7 +18,8 @@ constexpr int longestName = 64;
 int distanceBetween(const QString &a, const QString &b)
 {
     const int width = b.size() + 1;
-    std::vector<int> cells(static_cast<std::size_t>((a.size() + 1) * width));
+    const int cellCount = (a.size() + 1) * width;
+    std::vector<int> cells(static_cast<std::size_t>(cellCount));
     const auto cell = [&](int row, int column) -> int & {
         return cells[static_cast<std::size_t>(row * width + column)];
     };

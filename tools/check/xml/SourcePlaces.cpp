@@ -17,12 +17,18 @@ bool isCharacter(QChar c)
 
 SourcePlaces::SourcePlaces(const QString &source) : m_source(source), m_lineStarts{0}
 {
-    for (int i = 0; i < source.size(); ++i) {
-        const QChar c = source.at(i);
-        const bool isPair =
-            c == QLatin1Char('\r') && i + 1 < source.size() && source.at(i + 1) == QLatin1Char('\n');
-        if ((c == QLatin1Char('\r') || c == QLatin1Char('\n')) && !isPair) {
-            m_lineStarts.push_back(i + 1);
+    // The next of each kind is looked for ahead, so that the text is gone through once for each.
+    int carriageReturn = source.indexOf(QLatin1Char('\r'));
+    int lineFeed = source.indexOf(QLatin1Char('\n'));
+    while (carriageReturn >= 0 || lineFeed >= 0) {
+        if (carriageReturn >= 0 && (lineFeed < 0 || carriageReturn < lineFeed)) {
+            if (lineFeed != carriageReturn + 1) {
+                m_lineStarts.push_back(carriageReturn + 1);
+            }
+            carriageReturn = source.indexOf(QLatin1Char('\r'), carriageReturn + 1);
+        } else {
+            m_lineStarts.push_back(lineFeed + 1);
+            lineFeed = source.indexOf(QLatin1Char('\n'), lineFeed + 1);
         }
     }
     int characters = 0;
@@ -38,7 +44,8 @@ int SourcePlaces::charactersBefore(int offset) const
 {
     const int end = std::clamp(offset, 0, m_source.size());
     const int block = end / blockSize;
-    const auto begin = m_source.cbegin() + block * blockSize;
+    const int blockBegin = block * blockSize;
+    const auto begin = m_source.cbegin() + blockBegin;
     return m_charactersBeforeBlocks[static_cast<std::size_t>(block)] +
            static_cast<int>(std::count_if(begin, m_source.cbegin() + end, isCharacter));
 }

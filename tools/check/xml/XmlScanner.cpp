@@ -27,8 +27,8 @@ QStringView withoutPrefix(QStringView name)
 
 void XmlScanner::scan()
 {
-    // Templates have a node about every so many characters.
-    constexpr int charactersOfANode = 20;
+    // Hardly a template has its nodes closer together.
+    constexpr int charactersOfANode = 14;
     m_tree.m_nodes.reserve(static_cast<std::size_t>(m_size / charactersOfANode));
     while (m_at < m_size) {
         const int markup = m_source.indexOf(QLatin1Char('<'), m_at);
@@ -171,16 +171,14 @@ void XmlScanner::scanDocumentType()
 {
     const int begin = m_at;
     int brackets = 0;
-    QChar quote;
     for (; m_at < m_size; ++m_at) {
         const QChar c = m_source.at(m_at);
-        if (!quote.isNull()) {
-            quote = c == quote ? QChar() : quote;
-        } else if (isHere(QLatin1String("<!--"))) {
-            const int end = m_source.indexOf(QLatin1String("-->"), m_at + 4);
-            m_at = end < 0 ? m_size : end + 2;
+        if (isHere(QLatin1String("<!--"))) {
+            skipTo(QLatin1String("-->"), 4);
+        } else if (isHere(QLatin1String("<?"))) {
+            skipTo(QLatin1String("?>"), 2);
         } else if (c == QLatin1Char('"') || c == QLatin1Char('\'')) {
-            quote = c;
+            skipTo(c == QLatin1Char('"') ? QLatin1String("\"") : QLatin1String("'"), 1);
         } else if (c == QLatin1Char('[')) {
             ++brackets;
         } else if (c == QLatin1Char(']')) {
@@ -191,6 +189,12 @@ void XmlScanner::scanDocumentType()
     }
     readEntities(QStringView(m_source).mid(begin, m_at - begin), begin);
     m_at = qMin(m_size, m_at + 1);
+}
+
+void XmlScanner::skipTo(QLatin1String terminator, int openingSize)
+{
+    const int end = m_source.indexOf(terminator, m_at + openingSize);
+    m_at = end < 0 ? m_size : end + terminator.size() - 1;
 }
 
 void XmlScanner::readEntities(QStringView documentType, int at)

@@ -24,6 +24,9 @@ private:
     /// Takes markup up to a terminator, which it passes.
     void scanTo(QLatin1String terminator, XmlNode::Kind kind, int openingSize);
 
+    /// Passes over something in a document type, up to the last character of its terminator.
+    void skipTo(QLatin1String terminator, int openingSize);
+
     QChar here() const { return m_at < m_size ? m_source.at(m_at) : QChar(); }
     bool isHere(QLatin1String text) const { return QStringView(m_source).mid(m_at).startsWith(text); }
     void skipSpace();
