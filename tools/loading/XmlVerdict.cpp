@@ -26,14 +26,19 @@ XmlVerdict judgeByDom(QIODevice &file, QDomDocument &document)
     return verdict;
 }
 
+XmlVerdict verdictOf(const QXmlStreamReader &xml)
+{
+    return {!xml.hasError(), static_cast<int>(xml.lineNumber()), static_cast<int>(xml.columnNumber()) + 1,
+            withoutFullStop(xml.errorString())};
+}
+
 XmlVerdict judgeByStream(QIODevice &file)
 {
     QXmlStreamReader xml(&file);
     while (!xml.atEnd()) {
         xml.readNext();
     }
-    return {!xml.hasError(), static_cast<int>(xml.lineNumber()), static_cast<int>(xml.columnNumber()) + 1,
-            withoutFullStop(xml.errorString())};
+    return verdictOf(xml);
 }
 
 } // namespace Tobrix::Tools

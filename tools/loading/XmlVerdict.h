@@ -4,6 +4,7 @@
 
 class QDomDocument;
 class QIODevice;
+class QXmlStreamReader;
 
 namespace Tobrix::Tools {
 
@@ -18,6 +19,9 @@ struct XmlVerdict
 
 /// Judges a file by the parser that the current format's reader uses, and keeps what that makes of it.
 XmlVerdict judgeByDom(QIODevice &file, QDomDocument &document);
+
+/// Judges what the parser that the legacy format's reader uses has come to.
+XmlVerdict verdictOf(const QXmlStreamReader &xml);
 
 /// Judges a file by the parser that the legacy format's reader uses.
 XmlVerdict judgeByStream(QIODevice &file);
