@@ -21,7 +21,8 @@ int distanceBetween(const QString &a, const QString &b)
     const int cellCount = (a.size() + 1) * width;
     std::vector<int> cells(static_cast<std::size_t>(cellCount));
     const auto cell = [&](int row, int column) -> int & {
-        return cells[static_cast<std::size_t>(row * width + column)];
+        const int cell = row * width + column;
+        return cells[static_cast<std::size_t>(cell)];
     };
     for (int row = 0; row <= a.size(); ++row) {
         for (int column = 0; column <= b.size(); ++column) {
