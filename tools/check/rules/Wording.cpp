@@ -21,8 +21,8 @@ int distanceBetween(const QString &a, const QString &b)
     const int cellCount = (a.size() + 1) * width;
     std::vector<int> cells(static_cast<std::size_t>(cellCount));
     const auto cell = [&](int row, int column) -> int & {
-        const int cell = row * width + column;
-        return cells[static_cast<std::size_t>(cell)];
+        const int index = row * width + column;
+        return cells[static_cast<std::size_t>(index)];
     };
     for (int row = 0; row <= a.size(); ++row) {
         for (int column = 0; column <= b.size(); ++column) {
