@@ -120,7 +120,7 @@ bool isInList(const ColumnModel &column, const ListModel &list)
         bool isNumber = false;
         const double stored = item.item.text.toDouble(&isNumber);
         return item.item.text == text || item.internalValue.text == text ||
-               (number && isNumber && stored == *number);
+               (isNumber && number == stored);
     });
 }
 
