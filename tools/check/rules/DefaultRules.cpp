@@ -119,8 +119,7 @@ bool isInList(const ColumnModel &column, const ListModel &list)
     return std::any_of(list.items.begin(), list.items.end(), [&](const ListItemModel &item) {
         bool isNumber = false;
         const double stored = item.item.text.toDouble(&isNumber);
-        return item.item.text == text || item.internalValue.text == text ||
-               (isNumber && number == stored);
+        return item.item.text == text || item.internalValue.text == text || (isNumber && number == stored);
     });
 }
 
