@@ -115,11 +115,14 @@ bool isTrueOrNone(const QString &text)
 bool isInList(const ColumnModel &column, const ListModel &list)
 {
     const QString &text = column.defaultValue.text;
-    const auto number = column.isNumeric() ? numberOf(column) : std::nullopt;
+    const auto wanted = column.isNumeric() ? numberOf(column) : std::nullopt;
+    const bool isWantedNumber = wanted.has_value();
+    const double number = wanted.value_or(0.0);
     return std::any_of(list.items.begin(), list.items.end(), [&](const ListItemModel &item) {
         bool isNumber = false;
         const double stored = item.item.text.toDouble(&isNumber);
-        return item.item.text == text || item.internalValue.text == text || (isNumber && number == stored);
+        return item.item.text == text || item.internalValue.text == text ||
+               (isWantedNumber && isNumber && stored == number);
     });
 }
 
