@@ -52,11 +52,13 @@ bool CTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &raw
         return false;
     }
     m_xml->start(m_file.get());
-    while (!isFinished(*m_xml)) {
+    while (!isEnd(m_xml->tokenType())) {
         if (m_xml->readNext() == QXmlStreamReader::StartElement && !readSectionAtStartTag()) {
             return false;
         }
     }
+    // What comes next needs the memory.
+    m_xml->repeatedTexts().clear();
     return m_xml->error() == QXmlStreamReader::NoError && m_file->excess().isEmpty();
 }
 

@@ -19,11 +19,16 @@ struct LegacyField
     std::variant<std::monostate, Targets...> target = std::monostate();
 };
 
-/// A text that a template repeats from column to column, so that one copy of it serves them all.
+/// The target of a text that a template repeats, from column to column or from list to list, so that one copy
+/// of it serves them all.
+template <typename Target>
 struct RepeatedText
 {
-    QString CColumnData::*field;
+    Target target;
 };
+
+template <typename Target>
+RepeatedText(Target) -> RepeatedText<Target>;
 
 using HeaderField = LegacyField<CTemplateTokenizer::TemplateInfoToken, QString CTemplateBaseData::*,
                                 int CTemplateBaseData::*, bool CTemplateBaseData::*>;
@@ -31,13 +36,14 @@ using HeaderField = LegacyField<CTemplateTokenizer::TemplateInfoToken, QString C
 using ProgramViewField =
     LegacyField<CTemplateTokenizer::ProgramViewToken, void (CProgramView::*)(const QString &)>;
 
-using ListItemField = LegacyField<CTemplateTokenizer::ListItemToken, void (CListItem::*)(const QString &),
-                                  void (CListItem::*)(int)>;
+using ListItemField =
+    LegacyField<CTemplateTokenizer::ListItemToken, void (CListItem::*)(const QString &),
+                RepeatedText<void (CListItem::*)(const QString &)>, void (CListItem::*)(int)>;
 
 using ColumnField =
-    LegacyField<CTemplateTokenizer::ColumnToken, QString CColumnData::*, RepeatedText, int CColumnData::*,
-                double CColumnData::*, bool CColumnData::*, CTemplateColumn::GroupLevel CColumnData::*,
-                CTemplateColumn::TypeFlags CColumnData::*>;
+    LegacyField<CTemplateTokenizer::ColumnToken, QString CColumnData::*, RepeatedText<QString CColumnData::*>,
+                int CColumnData::*, double CColumnData::*, bool CColumnData::*,
+                CTemplateColumn::GroupLevel CColumnData::*, CTemplateColumn::TypeFlags CColumnData::*>;
 
 // clang-format off
 
@@ -69,10 +75,10 @@ inline constexpr ProgramViewField programViewFields[] = {
 inline constexpr ListItemField listItemFields[] = {
     {CTemplateTokenizer::LIST_PK, &CListItem::setUniqueId},
     {CTemplateTokenizer::LIST_Name},
-    {CTemplateTokenizer::LIST_Item, &CListItem::setItem},
-    {CTemplateTokenizer::LIST_Caption, &CListItem::setCaption},
+    {CTemplateTokenizer::LIST_Item, RepeatedText{&CListItem::setItem}},
+    {CTemplateTokenizer::LIST_Caption, RepeatedText{&CListItem::setCaption}},
     {CTemplateTokenizer::LIST_Comment, &CListItem::setComment},
-    {CTemplateTokenizer::LIST_Internal, &CListItem::setInternalValue},
+    {CTemplateTokenizer::LIST_Internal, RepeatedText{&CListItem::setInternalValue}},
     {CTemplateTokenizer::LIST_SortOrder, &CListItem::setSortOrder},
 };
 
@@ -111,7 +117,7 @@ inline constexpr ColumnField columnFields[] = {
     {CTemplateTokenizer::COL_Length, &CColumnData::maximumTextLength},
     {CTemplateTokenizer::TDIR_Key, RepeatedText{&CColumnData::tableName}},
     {CTemplateTokenizer::COL_DisplayFmt, RepeatedText{&CColumnData::displayFormat}},
-    {CTemplateTokenizer::COL_Default, &CColumnData::defaultValue},
+    {CTemplateTokenizer::COL_Default, RepeatedText{&CColumnData::defaultValue}},
     {CTemplateTokenizer::COL_Precision, &CColumnData::precision},
 };
 

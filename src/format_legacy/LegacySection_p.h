@@ -26,11 +26,10 @@ enum class TextRule {
     EveryWithinElement
 };
 
-/// Whether the stream has come to an end, be it the document's or an error.
-inline bool isFinished(const QXmlStreamReader &xml)
+/// Whether a stream has come to an end with what it met last, be it the document's or an error.
+inline bool isEnd(QXmlStreamReader::TokenType met)
 {
-    const auto token = xml.tokenType();
-    return token == QXmlStreamReader::EndDocument || token == QXmlStreamReader::Invalid;
+    return met == QXmlStreamReader::EndDocument || met == QXmlStreamReader::Invalid;
 }
 
 /// Walks over one section, from its start tag to its end tag.
@@ -44,8 +43,8 @@ bool walkSection(QXmlStreamReader &xml, Token (*tokenOf)(const QStringRef &), Te
 {
     int depth = 0;
     Token token{};
-    for (; !isFinished(xml); xml.readNext()) {
-        switch (xml.tokenType()) {
+    for (auto met = xml.tokenType(); !isEnd(met); met = xml.readNext()) {
+        switch (met) {
         case QXmlStreamReader::StartElement:
             ++depth;
             token = tokenOf(xml.name());
@@ -110,21 +109,37 @@ public:
 
     void operator()(std::monostate) const {}
 
-    void operator()(RepeatedText target) const { m_record.*target.field = m_repeatedTexts.shared(m_text); }
+    template <typename Target>
+    void operator()(RepeatedText<Target> repeated) const
+    {
+        store(repeated.target, m_repeatedTexts.shared(m_text));
+    }
 
     template <typename Value, typename Owner>
     void operator()(Value Owner::*field) const
     {
-        m_record.*field = converted<Value>(m_text);
+        store(field, converted<Value>(m_text));
     }
 
     template <typename Value, typename Owner>
     void operator()(void (Owner::*setter)(Value)) const
     {
-        (m_record.*setter)(converted<std::decay_t<Value>>(m_text));
+        store(setter, converted<std::decay_t<Value>>(m_text));
     }
 
 private:
+    template <typename Value, typename Owner>
+    void store(Value Owner::*field, const Value &value) const
+    {
+        m_record.*field = value;
+    }
+
+    template <typename Value, typename Owner>
+    void store(void (Owner::*setter)(Value), const std::decay_t<Value> &value) const
+    {
+        (m_record.*setter)(value);
+    }
+
     const QStringRef m_text;
     Record &m_record;
     TextPool &m_repeatedTexts;

@@ -20,8 +20,6 @@
 
 #include <QPair>
 
-#include <algorithm>
-#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -125,51 +123,33 @@ std::unique_ptr<CTemplateColumn> makeTimeColumn(const CColumnData &data)
     return makeColumn<CTimeColumn>(data, QVariant(), data.defaultValue == today, data.width);
 }
 
-/// The end of the entries of a multi-map that have the same key as the first one.
-template <typename Iterator>
-Iterator endOfGroup(Iterator first, Iterator end)
+/// Takes all objects out of a multi-map, those of one key together.
+/// @param take is given a key, its objects, which it owns from then on, and whether this is the last key;
+/// when
+///        it returns false, what is left stays in the map
+template <typename T, typename Take>
+bool takeGroups(QMap<QString, T *> &map, Take take)
 {
-    Iterator it = first;
-    while (it != end && it.key() == first.key()) {
-        ++it;
-    }
-    return it;
-}
-
-/// One view's columns on their way from the raw record to their view. Columns that do not get there are
-/// deleted.
-class ColumnGroup
-{
-public:
-    using Entry = QMap<QString, CTemplateColumn *>::iterator;
-
-    /// Takes the columns out of the record.
-    ColumnGroup(Entry begin, Entry end)
-    {
-        m_columns.reserve(static_cast<int>(std::distance(begin, end)));
-        for (Entry entry = begin; entry != end; ++entry) {
-            m_columns.append(std::exchange(entry.value(), nullptr));
+    auto entry = map.begin();
+    while (entry != map.end()) {
+        const QString key = entry.key();
+        auto groupEnd = entry;
+        int size = 0;
+        for (; groupEnd != map.end() && groupEnd.key() == key; ++groupEnd) {
+            ++size;
         }
-    }
-    ~ColumnGroup() { qDeleteAll(m_columns); }
-
-    /// Gives the columns to their view, in order. Fails when there is no such view.
-    bool handOverTo(CProgramView *view)
-    {
-        if (!view) {
+        QList<T *> objects;
+        objects.reserve(size);
+        for (; entry != groupEnd; ++entry) {
+            objects.append(std::exchange(entry.value(), nullptr));
+        }
+        if (!take(key, objects, groupEnd == map.end())) {
             return false;
         }
-        sortBySortOrder(m_columns);
-        view->setColumns(m_columns);
-        m_columns.clear();
-        return true;
     }
-
-private:
-    Q_DISABLE_COPY(ColumnGroup)
-
-    QList<CTemplateColumn *> m_columns;
-};
+    map = {};
+    return true;
+}
 
 } // namespace
 
@@ -247,37 +227,30 @@ void CTemplateBuilder::assignTemplateBaseData()
 
 bool CTemplateBuilder::associateColumnsWithProgramViews()
 {
-    auto &columns = m_rawData->columns;
-    auto it = columns.begin();
-    while (it != columns.end()) {
-        const auto groupEnd = endOfGroup(it, columns.end());
-        ColumnGroup group(it, groupEnd);
-        if (!group.handOverTo(m_rawData->programViews.value(it.key(), nullptr))) {
+    const auto handOver = [this](const QString &viewId, QList<CTemplateColumn *> &columns, bool) {
+        CProgramView *view = m_rawData->programViews.value(viewId, nullptr);
+        if (!view) {
+            qDeleteAll(columns);
             return false;
         }
-        it = groupEnd;
-    }
-    columns = {};
-    return true;
+        sortBySortOrder(columns);
+        view->setColumns(columns);
+        return true;
+    };
+    return takeGroups(m_rawData->columns, handOver);
 }
 
 void CTemplateBuilder::buildLists()
 {
-    const auto &items = m_rawData->listItems;
-    auto it = items.cbegin();
-    while (it != items.cend()) {
-        const auto groupEnd = endOfGroup(it, items.cend());
-        QList<CListItem *> list;
-        list.reserve(static_cast<int>(std::distance(it, groupEnd)));
-        std::copy(it, groupEnd, std::back_inserter(list));
+    const auto handOver = [this](const QString &listName, QList<CListItem *> &items, bool isLast) {
         // The list whose name comes last keeps the record's order: hosts have always shown it that way.
-        if (groupEnd != items.cend()) {
-            sortBySortOrder(list);
+        if (!isLast) {
+            sortBySortOrder(items);
         }
-        m_template->addItemList(it.key(), list);
-        it = groupEnd;
-    }
-    m_rawData->listItems = {};
+        m_template->addItemList(listName, items);
+        return true;
+    };
+    takeGroups(m_rawData->listItems, handOver);
 }
 
 } // namespace Tobrix::Templates

@@ -71,7 +71,7 @@ private:
 
 QString LegacyWalk::fault()
 {
-    while (!isFinished(m_xml)) {
+    while (!isEnd(m_xml.tokenType())) {
         if (m_xml.readNext() == QXmlStreamReader::StartElement) {
             const QString fault = faultAtStartTag();
             if (!fault.isEmpty()) {

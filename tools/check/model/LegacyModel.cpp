@@ -28,7 +28,11 @@ namespace {
 struct KindOfTarget
 {
     ValueKind operator()(std::monostate) const { return ValueKind::Text; }
-    ValueKind operator()(RepeatedText) const { return ValueKind::Exact; }
+    template <typename Target>
+    ValueKind operator()(RepeatedText<Target>) const
+    {
+        return ValueKind::Text;
+    }
     template <typename Value, typename Owner>
     ValueKind operator()(Value Owner::*) const
     {
@@ -61,8 +65,9 @@ constexpr Tokens::TemplateInfoToken exactHeaderTokens[] = {Tokens::TPL_PK, Token
                                                            Tokens::TPL_Unit};
 constexpr Tokens::ProgramViewToken exactViewTokens[] = {Tokens::PV_PK, Tokens::PV_Key};
 constexpr Tokens::ListItemToken exactItemTokens[] = {Tokens::LIST_Name, Tokens::LIST_Item};
-constexpr Tokens::ColumnToken exactColumnTokens[] = {Tokens::COL_Bound_Column, Tokens::COL_DataSource,
-                                                     Tokens::TDIR_Key};
+constexpr Tokens::ColumnToken exactColumnTokens[] = {
+    Tokens::COL_ProgView_FK, Tokens::COL_Bound_Column, Tokens::COL_DataType,  Tokens::COL_Unit,
+    Tokens::COL_DataSource,  Tokens::TDIR_Key,         Tokens::COL_DisplayFmt};
 constexpr Tokens::ColumnToken rangeTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps};
 // Read as flags, which nobody means them to be.
 constexpr Tokens::ColumnToken referenceTokens[] = {Tokens::COL_Template_FK, Tokens::COL_Bound_TableDir_REF};
