@@ -61,6 +61,25 @@ constexpr bool isPartOfColumn(ElementName name)
     return name >= ElementName::MandatoryRestriction && name <= ElementName::ValueFormatItem;
 }
 
+/// Whether an element is one that an item of a list consists of.
+constexpr bool isPartOfListItem(ElementName name)
+{
+    return name == ElementName::Captions || name == ElementName::TextItem;
+}
+
+/// An element that stands for a record of its own, what it belongs in and what it consists of.
+struct RecordElement
+{
+    ElementName name;
+    ElementName container;
+    bool (*isPart)(ElementName);
+};
+
+inline constexpr RecordElement recordElements[] = {
+    {ElementName::Column, ElementName::View, isPartOfColumn},
+    {ElementName::ValueListItem, ElementName::ValueList, isPartOfListItem},
+};
+
 /// An element's name as it stands in a file.
 struct ElementNameText
 {

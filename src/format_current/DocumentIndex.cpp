@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace Tobrix::Templates {
 
@@ -50,8 +51,8 @@ const ElementName *elementNameOf(const QString &text)
 
 } // namespace
 
-DocumentIndex::DocumentIndex(const QDomDocument &document, ReadColumn readColumn)
-    : m_document(document), m_readColumn(std::move(readColumn))
+DocumentIndex::DocumentIndex(const QDomDocument &document, ReadRecord readRecord)
+    : m_document(document), m_readRecord(std::move(readRecord))
 {
 }
 
@@ -116,24 +117,32 @@ void DocumentIndex::closeFrom(int depth)
         const int position = m_open.back().position;
         m_open.pop_back();
         at(position).end = size();
-        if (at(position).name == ElementName::Column) {
-            closeColumn(position);
+        const ElementName name = at(position).name;
+        const auto isOfName = [name](const RecordElement &kind) { return kind.name == name; };
+        const auto kind = std::find_if(std::begin(recordElements), std::end(recordElements), isOfName);
+        if (kind != std::end(recordElements)) {
+            closeRecord(position, *kind);
         }
     }
 }
 
-void DocumentIndex::closeColumn(int position)
+void DocumentIndex::closeRecord(int position, const RecordElement &kind)
 {
-    at(position).columnRecord = m_readColumn(IndexedElement(*this, position));
+    at(position).record = m_readRecord(IndexedElement(*this, position));
+    // All that there was to read of it has been read. Letting go of it later would fetch it back from far
+    // away.
+    at(position).element = QDomElement();
 
-    // What a column consists of is of no use to views, and so to nobody else, unless something stands in the
-    // column, or the column in something, that has no business there.
-    const auto isView = [this](const OpenEntry &entry) {
-        return at(entry.position).name == ElementName::View;
+    // What a column consists of is of no use to views, nor what an item consists of to lists, and so to
+    // nobody else, unless something stands in the column or item, or that in something, that has no business
+    // there.
+    const auto isContainer = [&](const OpenEntry &entry) {
+        return at(entry.position).name == kind.container;
     };
-    const auto isPart = [](const Entry &entry) { return isPartOfColumn(entry.name); };
+    const auto isPart = [&](const Entry &entry) { return kind.isPart(entry.name); };
     const auto parts = m_entries.begin() + position + 1;
-    if (std::all_of(m_open.cbegin(), m_open.cend(), isView) && std::all_of(parts, m_entries.end(), isPart)) {
+    if (std::all_of(m_open.cbegin(), m_open.cend(), isContainer) &&
+        std::all_of(parts, m_entries.end(), isPart)) {
         m_entries.erase(parts, m_entries.end());
         m_composedTexts.clear();
         at(position).end = size();

@@ -28,11 +28,12 @@ class IndexedElements;
 class DocumentIndex
 {
 public:
-    /// Reads a column as soon as the walk is behind it and gives the number under which its record is kept.
-    using ReadColumn = std::function<int(const IndexedElement &column)>;
+    /// Reads a column or an item of a list as soon as the walk is behind it and gives the number under which
+    /// its record is kept.
+    using ReadRecord = std::function<int(const IndexedElement &element)>;
 
     /// @param document is followed, and must outlive its index
-    DocumentIndex(const QDomDocument &document, ReadColumn readColumn);
+    DocumentIndex(const QDomDocument &document, ReadRecord readRecord);
     DocumentIndex(const DocumentIndex &) = delete;
     DocumentIndex &operator=(const DocumentIndex &) = delete;
 
@@ -61,7 +62,7 @@ private:
     {
         QDomElement element;
         int end;
-        int columnRecord;
+        int record;
         ElementName name;
     };
 
@@ -79,13 +80,13 @@ private:
     bool advanceBehindParent();
     void open(const QDomNode &node);
     void closeFrom(int depth);
-    void closeColumn(int position);
+    void closeRecord(int position, const RecordElement &kind);
 
     QString composedText(int position) const;
     int positionWithin(int begin, int end, ElementName name) const;
 
     const QDomDocument &m_document;
-    const ReadColumn m_readColumn;
+    const ReadRecord m_readRecord;
     QDomNode m_node; // the last one that the walk has come to
     int m_depth = 0; // of that node
     // In pieces: one large block among the document's nodes would, once free, make freeing these slow.
@@ -104,6 +105,8 @@ public:
     IndexedElement() = default;
 
     bool isNull() const { return !m_index; }
+    /// The element's name, which the null element has not.
+    ElementName name() const { return entry().name; }
 
     /// The value of an attribute; null when the element has no such attribute.
     QString attribute(const QString &name) const;
@@ -125,8 +128,8 @@ public:
     /// All elements of a name below this one, in document order.
     IndexedElements all(ElementName name) const;
 
-    /// The number under which the record of this column, which it must be, is kept.
-    int columnRecord() const { return entry().columnRecord; }
+    /// The number under which the record of this column or item, which it must be, is kept.
+    int record() const { return entry().record; }
 
 private:
     friend class DocumentIndex;

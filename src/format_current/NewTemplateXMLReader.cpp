@@ -34,6 +34,23 @@ struct ColumnRecord
     QString shownTable;        ///< of this table.
 };
 
+/// An item of a list as it stands in the document. Every list around it gets an item of its own.
+struct ItemRecord
+{
+    QString item;
+    QString internalValue;
+    QString caption;
+    int sortOrder;
+};
+
+/// What was read while the document was parsed.
+struct DocumentRecords
+{
+    // In pieces: the records of a large document would be copied again and again otherwise.
+    std::deque<ColumnRecord> columns;
+    std::deque<ItemRecord> items;
+};
+
 namespace {
 
 /// The group level that an attribute of "GroupLevel" stands for, 1 to 9: the sixth character of its name. 0
@@ -63,6 +80,13 @@ bool isExcluded(const CColumnData &data)
 QString textItemOf(const IndexedElement &captions)
 {
     return captions.first(ElementName::TextItem).text();
+}
+
+ItemRecord readItem(const IndexedElement &element)
+{
+    return {element.attribute(QStringLiteral("Key")), element.attribute(QStringLiteral("InternalKey")),
+            textItemOf(element.first(ElementName::Captions)),
+            element.intAttribute(QStringLiteral("OrdinalIndex"))};
 }
 
 /// Whether a property is the key of its object.
@@ -200,11 +224,9 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
     m_defaultValues.clear();
     m_rawData = &rawData;
 
-    std::deque<ColumnRecord> records;
-    DocumentIndex document(m_document, [&](const IndexedElement &column) {
-        records.push_back(readColumn(column));
-        return static_cast<int>(records.size() - 1);
-    });
+    DocumentRecords records;
+    DocumentIndex document(m_document,
+                           [&](const IndexedElement &element) { return readRecord(element, records); });
     FollowedFile file(document);
     if (!file.openTemplate(fileName)) {
         return false;
@@ -221,7 +243,7 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
         document.clear();
     }
     readTemplateData(document);
-    readValueLists(document);
+    readValueLists(document, records);
     readProgramView(document, records);
     readLegendLists(document);
     return true;
@@ -281,58 +303,24 @@ void NewTemplateXMLReader::readCatalogs(const DocumentIndex &document)
     }
 }
 
-void NewTemplateXMLReader::readValueLists(const DocumentIndex &document)
+int NewTemplateXMLReader::readRecord(const IndexedElement &element, DocumentRecords &records) const
 {
-    for (const auto &list : document.all(ElementName::ValueList)) {
-        m_valueListTypes.insert(list.attribute(QStringLiteral("Name")),
-                                list.intAttribute(QStringLiteral("CompatibleListClassType")));
-        readValueListItems(list);
+    if (element.name() == ElementName::Column) {
+        records.columns.push_back(readColumn(element));
+        return static_cast<int>(records.columns.size()) - 1;
     }
+    records.items.push_back(readItem(element));
+    return static_cast<int>(records.items.size()) - 1;
 }
 
-void NewTemplateXMLReader::readValueListItems(const IndexedElement &valueList)
-{
-    const QString listName = valueList.attribute(QStringLiteral("Name"));
-    for (const auto &element : valueList.all(ElementName::ValueListItem)) {
-        auto item = std::make_unique<CListItem>();
-        item->setItem(element.attribute(QStringLiteral("Key")));
-        item->setInternalValue(element.attribute(QStringLiteral("InternalKey")));
-        item->setSortOrder(element.intAttribute(QStringLiteral("OrdinalIndex")));
-        item->setCaption(textItemOf(element.first(ElementName::Captions)));
-        m_rawData->listItems.insertMulti(listName, item.release());
-    }
-}
-
-void NewTemplateXMLReader::readProgramView(const DocumentIndex &document, std::deque<ColumnRecord> &records)
-{
-    // Columns look their defaults up when their view is made.
-    readDefaultValues(document);
-    for (const auto &element : document.all(ElementName::View)) {
-        auto view = std::make_unique<CProgramView>();
-        view->setUniqueId(element.attribute(QStringLiteral("Id")));
-        view->setKey(element.attribute(QStringLiteral("Name")));
-        view->setDescription(element.attribute(QStringLiteral("Description")));
-
-        QList<CTemplateColumn *> columns;
-        readColumns(element, records, columns);
-        sortBySortOrder(columns);
-        view->setColumns(columns);
-
-        // Of several views with one id the last counts.
-        CProgramView *&filed = m_rawData->programViews[view->uniqueId()];
-        delete filed;
-        filed = view.release();
-    }
-}
-
-ColumnRecord NewTemplateXMLReader::readColumn(const IndexedElement &column)
+ColumnRecord NewTemplateXMLReader::readColumn(const IndexedElement &column) const
 {
     const FirstElements parts(column);
     ColumnRecord record;
     CColumnData &data = record.data;
-    data.dataType = m_dataTypes[column.attribute(QStringLiteral("DataType"))];
+    data.dataType = m_dataTypes.value(column.attribute(QStringLiteral("DataType")));
     data.columnType = CTemplateDataConverter::stringToColumnType(QStringRef(&data.dataType));
-    data.controlType = m_controlTypes[column.attribute(QStringLiteral("ControlType"))];
+    data.controlType = m_controlTypes.value(column.attribute(QStringLiteral("ControlType")));
     data.width = column.intAttribute(QStringLiteral("Width"));
     data.sortOrder = column.intAttribute(QStringLiteral("Ordinal"));
     data.isValueTransfer =
@@ -360,21 +348,75 @@ ColumnRecord NewTemplateXMLReader::readColumn(const IndexedElement &column)
     return record;
 }
 
+void NewTemplateXMLReader::readValueLists(const DocumentIndex &document, const DocumentRecords &records)
+{
+    for (const auto &list : document.all(ElementName::ValueList)) {
+        m_valueListTypes.insert(list.attribute(QStringLiteral("Name")),
+                                list.intAttribute(QStringLiteral("CompatibleListClassType")));
+        readValueListItems(list, records.items);
+    }
+}
+
+void NewTemplateXMLReader::readValueListItems(const IndexedElement &valueList,
+                                              const std::deque<ItemRecord> &records)
+{
+    const QString listName = valueList.attribute(QStringLiteral("Name"));
+    // The newest item goes before those of its list that are there, so their place need not be looked for.
+    auto newest = m_rawData->listItems.cend();
+    for (const auto &element : valueList.all(ElementName::ValueListItem)) {
+        const ItemRecord &record = records[static_cast<std::size_t>(element.record())];
+        auto item = std::make_unique<CListItem>();
+        item->setItem(record.item);
+        item->setInternalValue(record.internalValue);
+        item->setSortOrder(record.sortOrder);
+        item->setCaption(record.caption);
+        newest = m_rawData->listItems.insertMulti(newest, listName, item.release());
+    }
+}
+
+void NewTemplateXMLReader::readProgramView(const DocumentIndex &document, DocumentRecords &records)
+{
+    // Columns look their defaults up when their view is made.
+    const TextPool pathsWithDefault = readDefaultValues(document);
+    for (const auto &element : document.all(ElementName::View)) {
+        auto view = std::make_unique<CProgramView>();
+        view->setUniqueId(element.attribute(QStringLiteral("Id")));
+        view->setKey(element.attribute(QStringLiteral("Name")));
+        view->setDescription(element.attribute(QStringLiteral("Description")));
+
+        QList<CTemplateColumn *> columns;
+        readColumns(element, records.columns, pathsWithDefault, columns);
+        sortBySortOrder(columns);
+        view->setColumns(columns);
+
+        // Of several views with one id the last counts.
+        CProgramView *&filed = m_rawData->programViews[view->uniqueId()];
+        delete filed;
+        filed = view.release();
+    }
+}
+
 void NewTemplateXMLReader::readColumns(const IndexedElement &view, std::deque<ColumnRecord> &records,
-                                       QList<CTemplateColumn *> &columns)
+                                       const TextPool &pathsWithDefault, QList<CTemplateColumn *> &columns)
 {
     const QString viewId = view.attribute(QStringLiteral("Id"));
     const QString viewName = view.attribute(QStringLiteral("Name"));
     const bool isDetailView = view.attribute(QStringLiteral("Kind")) == QLatin1String("Detail");
+    const int typeOfNamelessList = m_valueListTypes.value(QString());
     const auto elements = view.all(ElementName::Column);
     columns.reserve(elements.count());
     for (const auto &element : elements) {
-        ColumnRecord &record = records[static_cast<std::size_t>(element.columnRecord())];
+        ColumnRecord &record = records[static_cast<std::size_t>(element.record())];
         bindColumn(record, isDetailView);
         CColumnData &data = record.data;
         data.viewRef = viewId;
-        data.typeFlags = static_cast<CTemplateColumn::TypeFlags>(m_valueListTypes[data.dataSource]);
-        data.defaultValue = m_defaultValues.value({data.boundColumn, viewName});
+        const int listType =
+            data.dataSource.isEmpty() ? typeOfNamelessList : m_valueListTypes.value(data.dataSource);
+        data.typeFlags = static_cast<CTemplateColumn::TypeFlags>(listType);
+        // Few columns have a default, and a look-up among pairs of texts is a long one.
+        data.defaultValue = pathsWithDefault.contains(data.boundColumn)
+                                ? m_defaultValues.value({data.boundColumn, viewName})
+                                : QString();
         if (!isExcluded(data)) {
             // Null for a column of unknown data type: the view keeps its place.
             columns.append(CTemplateBuilder::buildColumn(data));
@@ -382,8 +424,9 @@ void NewTemplateXMLReader::readColumns(const IndexedElement &view, std::deque<Co
     }
 }
 
-void NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
+TextPool NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
 {
+    TextPool paths;
     const IndexedElement defaults = document.first(ElementName::DefaultValues);
     for (const auto &scope : defaults.all(ElementName::DefaultValueScope)) {
         for (const auto &item : scope.all(ElementName::DefaultValueItem)) {
@@ -394,10 +437,12 @@ void NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
             if (!reference.isNull() && !isKey(display)) {
                 path = shownPath(path, display);
             }
+            paths.shared(path);
             m_defaultValues.insert({path, item.attribute(QStringLiteral("View"))},
                                    item.attribute(QStringLiteral("Value")));
         }
     }
+    return paths;
 }
 
 void NewTemplateXMLReader::readLegendLists(const DocumentIndex &document)

@@ -15,7 +15,10 @@ namespace Tobrix::Templates {
 class CTemplateColumn;
 class DocumentIndex;
 class IndexedElement;
+class TextPool;
 struct ColumnRecord;
+struct DocumentRecords;
+struct ItemRecord;
 
 /// Reads templates of the current format: a whole document, in which elements are found by their names at any
 /// depth and of several candidates the first in the document counts.
@@ -42,15 +45,19 @@ private:
     TOBRIX_TEMPLATES_NO_EXPORT void readClassificationColorPreset(const DocumentIndex &document);
     TOBRIX_TEMPLATES_NO_EXPORT void readCatalogs(const DocumentIndex &document);
 
-    TOBRIX_TEMPLATES_NO_EXPORT void readValueLists(const DocumentIndex &document);
-    TOBRIX_TEMPLATES_NO_EXPORT void readValueListItems(const IndexedElement &valueList);
+    TOBRIX_TEMPLATES_NO_EXPORT int readRecord(const IndexedElement &element, DocumentRecords &records) const;
+    TOBRIX_TEMPLATES_NO_EXPORT ColumnRecord readColumn(const IndexedElement &column) const;
 
-    TOBRIX_TEMPLATES_NO_EXPORT void readProgramView(const DocumentIndex &document,
-                                                    std::deque<ColumnRecord> &records);
-    TOBRIX_TEMPLATES_NO_EXPORT ColumnRecord readColumn(const IndexedElement &column);
+    TOBRIX_TEMPLATES_NO_EXPORT void readValueLists(const DocumentIndex &document,
+                                                   const DocumentRecords &records);
+    TOBRIX_TEMPLATES_NO_EXPORT void readValueListItems(const IndexedElement &valueList,
+                                                       const std::deque<ItemRecord> &records);
+
+    TOBRIX_TEMPLATES_NO_EXPORT void readProgramView(const DocumentIndex &document, DocumentRecords &records);
     TOBRIX_TEMPLATES_NO_EXPORT void readColumns(const IndexedElement &view, std::deque<ColumnRecord> &records,
+                                                const TextPool &pathsWithDefault,
                                                 QList<CTemplateColumn *> &columns);
-    TOBRIX_TEMPLATES_NO_EXPORT void readDefaultValues(const DocumentIndex &document);
+    TOBRIX_TEMPLATES_NO_EXPORT TextPool readDefaultValues(const DocumentIndex &document);
 
     TOBRIX_TEMPLATES_NO_EXPORT void readLegendLists(const DocumentIndex &document);
     TOBRIX_TEMPLATES_NO_EXPORT void readLegendListItem(const IndexedElement &scope, const QString &scopeName);

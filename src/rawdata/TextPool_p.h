@@ -28,6 +28,9 @@ public:
         return own;
     }
 
+    /// Whether a text is in the pool. The empty one always is: it needs no copy.
+    bool contains(QStringView text) const { return text.isEmpty() || m_texts.contains({text, hashOf(text)}); }
+
     void clear() { m_texts.clear(); }
 
 private:
