@@ -108,7 +108,7 @@ void registerBenchmarks(const QString &folder)
                                              })
                     ->UseManualTime()
                     ->Unit(benchmark::kMillisecond)
-                    ->Iterations(columns >= 100'000  ? 7
+                    ->Iterations(columns >= 100'000  ? 15
                                  : columns >= 10'000 ? 15
                                                      : 101);
             }
