@@ -3,6 +3,7 @@
 #include "tools/check/model/CurrentModel.h"
 #include "tools/check/model/LegacyModel.h"
 #include "tools/check/xml/XmlDecoding.h"
+#include "tools/check/xml/XmlFault.h"
 #include "tools/loading/FileAccess.h"
 
 #include "loading/Limits_p.h"
@@ -91,6 +92,12 @@ XmlVerdict verdictOn(const QByteArray &bytes, bool isCurrent)
     return judgeByDom(buffer, document);
 }
 
+/// Whether a parser complains about bytes that stand for no character.
+bool isUndecodable(const XmlVerdict &verdict)
+{
+    return verdict.explanation == QLatin1String("Encountered incorrectly encoded content");
+}
+
 } // namespace
 
 CheckedFile::CheckedFile(const QString &fileName)
@@ -124,10 +131,10 @@ void CheckedFile::read()
         const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), std::min(noticedAt, m_source.size() - 1));
         m_faultAt = tagAt < 0 ? noticedAt : tagAt;
     } else if (!m_verdict.isWellFormed) {
-        // The parsers stop behind the fault. Where an element is at fault, its own place says more.
-        m_faultAt = places().offsetOf(m_verdict.line, m_verdict.column);
-        const int brokenAt = tree().brokenAt();
-        m_faultAt = brokenAt >= 0 ? std::min(m_faultAt, brokenAt) : m_faultAt;
+        // The stream decodes far ahead of the place where it seems to be.
+        m_faultAt = isUndecodable(m_verdict)
+                        ? undecodableAt(bytes)
+                        : placeOfFault(tree(), places().offsetOf(m_verdict.line, m_verdict.column));
     } else {
         countItems();
     }

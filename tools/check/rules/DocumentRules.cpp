@@ -5,6 +5,7 @@
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Vocabulary.h"
 #include "tools/check/rules/Wording.h"
+#include "tools/text/DisplayText.h"
 
 #include "format_current/CurrentFormatTables_p.h"
 #include "format_legacy/CTemplateTokenizer.h"
@@ -90,6 +91,30 @@ void checkContainers(const XmlTree &tree, Findings &findings)
     }
 }
 
+/// What the parser says, and what it leaves to guess: what a file ends within that ends too early.
+QString explanationOf(const CheckedFile &file)
+{
+    const QString explanation = printable(file.verdict().explanation);
+    const XmlUnfinished &unfinished = file.tree().unfinished();
+    if (file.faultAt() < file.source().size() || unfinished.isNull()) {
+        return explanation;
+    }
+    return QStringLiteral("%1 within %2 of line %3")
+        .arg(explanation, unfinished.words)
+        .arg(file.lineOf(unfinished.at));
+}
+
+QString effectOfMalformation(const CheckedFile &file)
+{
+    if (!file.isCurrent()) {
+        return QStringLiteral("the host refuses the file");
+    }
+    const XmlElement root = file.tree().root();
+    return root.isNull() || root.at() >= file.faultAt()
+               ? QStringLiteral("the host gets an empty template")
+               : QStringLiteral("the host reads only the tags and texts that are whole up to here");
+}
+
 bool hasUnknownRoot(const CheckedFile &file)
 {
     const XmlElement root = file.tree().root();
@@ -103,10 +128,9 @@ void checkWellFormed(const CheckedFile &file, Findings &findings)
     if (file.verdict().isWellFormed || !file.excess().isEmpty()) {
         return;
     }
-    const QString effect = file.isCurrent() ? QStringLiteral("the host reads only what stands before")
-                                            : QStringLiteral("the host refuses the file");
-    findings.add(file.faultAt(),
-                 QStringLiteral("not well-formed, %1: %2").arg(file.verdict().explanation, effect));
+    findings.add(
+        file.faultAt(),
+        QStringLiteral("not well-formed, %1: %2").arg(explanationOf(file), effectOfMalformation(file)));
 }
 
 void checkLimits(const CheckedFile &file, Findings &findings)
@@ -151,16 +175,11 @@ void checkRepeatedAttributes(const CheckedFile &file, Findings &findings)
     const XmlTree &tree = file.tree();
     for (const auto &node : tree.nodes()) {
         for (int i = 1; i < node.attributeCount; ++i) {
-            const XmlAttribute &later = tree.attribute(node.firstAttribute + i);
-            for (int j = 0; j < i; ++j) {
-                const XmlAttribute &earlier = tree.attribute(node.firstAttribute + j);
-                if (tree.nameOf(earlier) == tree.nameOf(later)) {
-                    findings.add(later.at,
-                                 QStringLiteral("%1 is given twice: %2 is dropped, %3 counts")
-                                     .arg(tree.nameOf(later).toString(), quoted(tree.valueOf(earlier)),
-                                          quoted(tree.valueOf(later))));
-                    break;
-                }
+            if (const XmlAttribute *earlier = tree.sameAttributeBefore(node, i)) {
+                const XmlAttribute &later = tree.attribute(node.firstAttribute + i);
+                findings.add(later.at, QStringLiteral("%1 is given twice: %2 is dropped, %3 counts")
+                                           .arg(tree.nameOf(later).toString(), quoted(tree.valueOf(*earlier)),
+                                                quoted(tree.valueOf(later))));
             }
         }
     }

@@ -20,8 +20,9 @@ const std::vector<Rule> &allRules()
     {"xml-malformed", Severity::Error, Formats::Both, checkWellFormed,
      "the file is not well-formed XML",
      "The parser of the file's format stops at the fault. Of a file of the current format the host "
-     "gets what stands before it, without a word about the rest. A file of the legacy format is "
-     "refused. No other rule looks at such a file: mend this first.",
+     "gets the tags and texts that are whole up to there, without a word about the rest. A file of the "
+     "legacy format is refused. A file that was cut off is at fault where it ends. No other rule looks at "
+     "such a file: mend this first.",
      "<Caption><TextItem>Pipe & fittings</TextItem></Caption>",
      "<Caption><TextItem>Pipe &amp; fittings</TextItem></Caption>", true},
     {"limit-exceeded", Severity::Error, Formats::Both, checkLimits,
