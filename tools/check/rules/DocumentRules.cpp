@@ -115,6 +115,44 @@ QString effectOfMalformation(const CheckedFile &file)
                : QStringLiteral("the host reads only the tags and texts that are whole up to here");
 }
 
+/// How much an element looks like the header's, most first.
+enum class Likeness { OfHeader, BesideHeader, InUnknownElement, OfOtherElement };
+
+Likeness likenessOf(const XmlElement &element, const XmlElement &identifier)
+{
+    for (XmlElement around = element.parent(); !around.isNull(); around = around.parent()) {
+        if (around == identifier) {
+            return Likeness::OfHeader;
+        }
+        if (isCurrentElement(around)) {
+            return Likeness::OfOtherElement;
+        }
+    }
+    const XmlElement parent = element.parent();
+    const bool isBeside = parent.parent().isNull() || parent.contains(identifier);
+    return isBeside ? Likeness::BesideHeader : Likeness::InUnknownElement;
+}
+
+/// Judges a name or a version of the template by all elements that it might be.
+void checkFirstElement(const CheckedFile &file, const std::vector<XmlElement> &elements,
+                       const XmlElement &identifier, Findings &findings)
+{
+    const XmlElement &read = elements.front();
+    const auto isMoreLikely = [&](const XmlElement &a, const XmlElement &b) {
+        return likenessOf(a, identifier) < likenessOf(b, identifier);
+    };
+    const XmlElement &meant = *std::min_element(elements.begin(), elements.end(), isMoreLikely);
+    if (likenessOf(meant, identifier) == Likeness::OfOtherElement) {
+        findings.add(read.at(), QStringLiteral("the header has no <%1>: the host takes this one, %2")
+                                    .arg(read.name(), quoted(read.text())));
+    } else if (!(read == meant)) {
+        findings.add(meant.at(), QStringLiteral("this is not the first <%1> of the file: the template gets "
+                                                "%2 from the one in line %3")
+                                     .arg(read.name(), quoted(read.text()))
+                                     .arg(file.lineOf(read.at())));
+    }
+}
+
 bool hasUnknownRoot(const CheckedFile &file)
 {
     const XmlElement root = file.tree().root();
@@ -285,32 +323,11 @@ void checkType(const CheckedFile &file, Findings &findings)
 
 void checkFirstElements(const CheckedFile &file, Findings &findings)
 {
+    const XmlElement identifier = file.tree().first(QLatin1String("TemplateIdentifier"));
     for (const auto name : {ElementName::Name, ElementName::Version}) {
-        const QLatin1String text = elementNames[static_cast<std::size_t>(name)].text;
-        const auto isOfHeader = [](XmlElement element) {
-            for (element = element.parent(); !element.isNull(); element = element.parent()) {
-                if (isCurrentElement(element) && !element.hasName(QLatin1String("TemplateIdentifier"))) {
-                    return false;
-                }
-            }
-            return true;
-        };
-        const auto elements = file.tree().all(text);
-        if (elements.empty() || isOfHeader(elements.front())) {
-            continue;
-        }
-        const auto meant = std::find_if(elements.begin(), elements.end(), isOfHeader);
-        const XmlElement &read = elements.front();
-        if (meant == elements.end()) {
-            findings.add(read.at(), QStringLiteral("this <%1> is the only one there is to be the template's: "
-                                                   "the host takes %2 from it")
-                                        .arg(text, quoted(read.text())));
-        } else {
-            findings.add(meant->at(),
-                         QStringLiteral("this is not the first <%1> of the file: the template gets "
-                                        "%2 from the one in line %3")
-                             .arg(text, quoted(read.text()))
-                             .arg(file.lineOf(read.at())));
+        const auto elements = file.tree().all(elementNames[static_cast<std::size_t>(name)].text);
+        if (!elements.empty()) {
+            checkFirstElement(file, elements, identifier, findings);
         }
     }
 }

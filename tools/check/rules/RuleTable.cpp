@@ -96,8 +96,8 @@ const std::vector<Rule> &allRules()
     {"element-not-first", Severity::Warning, Formats::Current, checkFirstElements,
      "the name or version of the template is read from elsewhere",
      "The host takes the first Name and the first Version of the whole document for the template's, "
-     "wherever they stand. A Name within a view that comes earlier, for example, becomes the key of "
-     "the template. Put the header before everything else.",
+     "wherever they stand. A Name within a view that comes earlier, or within an element that the host "
+     "does not know, becomes the key of the template. Put the header before everything else.",
      "<View><Name>Form</Name></View> ... <TemplateIdentifier "
      "Id=\"SEW\"><Name>Sewer</Name></TemplateIdentifier>",
      "<TemplateIdentifier Id=\"SEW\"><Name>Sewer</Name></TemplateIdentifier> ... <View Name=\"Form\"/>"},
