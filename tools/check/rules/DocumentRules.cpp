@@ -2,6 +2,7 @@
 
 #include "tools/check/CheckedFile.h"
 #include "tools/check/model/LegacyTokens.h"
+#include "tools/check/rules/CurrentStructure.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Vocabulary.h"
 #include "tools/check/rules/Wording.h"
@@ -50,42 +51,18 @@ bool hasAnyOf(const XmlTree &tree, const Names &names)
                        [&tree](QLatin1String name) { return tree.numberOf(name) >= 0; });
 }
 
-/// An element of the current format that is read in a container only.
-struct ContainedElement
-{
-    QLatin1String element;
-    QLatin1String container;
-};
-
-constexpr ContainedElement containedElements[] = {
-    {QLatin1String("Column"), QLatin1String("View")},
-    {QLatin1String("ValueListItem"), QLatin1String("ValueList")},
-    {QLatin1String("DefaultValueScope"), QLatin1String("DefaultValues")},
-    {QLatin1String("DefaultValueItem"), QLatin1String("DefaultValueScope")},
-    {QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColorScopes")},
-    {QLatin1String("ClassificationColor"), QLatin1String("ClassificationColorScope")},
-    {QLatin1String("ClassificationColorPreset"), QLatin1String("ClassificationColorPresets")},
-};
-
-bool isWithin(XmlElement element, QLatin1String container)
-{
-    for (element = element.parent(); !element.isNull(); element = element.parent()) {
-        if (element.hasName(container)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 void checkContainers(const XmlTree &tree, Findings &findings)
 {
-    for (const auto &row : containedElements) {
-        for (const auto &element : tree.all(row.element)) {
-            if (!isWithin(element, row.container)) {
+    for (const auto &row : currentStructure()) {
+        if (row.taken != Taken::Each || row.container.isEmpty()) {
+            continue;
+        }
+        for (const auto &element : tree.all(row.part)) {
+            if (nearestAround(element, row.container).isNull()) {
                 findings.add(element.at(),
                              QStringLiteral("<%1> outside of a <%2> is not read: what it describes is "
                                             "missing from the template")
-                                 .arg(row.element, row.container));
+                                 .arg(row.part, row.container));
             }
         }
     }

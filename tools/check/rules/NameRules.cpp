@@ -2,6 +2,7 @@
 
 #include "tools/check/CheckedFile.h"
 #include "tools/check/model/LegacyTokens.h"
+#include "tools/check/rules/CurrentStructure.h"
 #include "tools/check/rules/DocumentRules.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Vocabulary.h"
@@ -14,18 +15,11 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <optional>
 
 namespace Tobrix::Tools {
 
 namespace {
-
-bool holdsKnownElements(const XmlElement &element)
-{
-    const auto children = element.children();
-    return std::any_of(children.begin(), children.end(), [](const XmlElement &child) {
-        return isCurrentElement(child) || holdsKnownElements(child);
-    });
-}
 
 /// Whether an element's name looks like that of a container: Columns, Views, Texts.
 bool isPlural(const XmlElement &element)
@@ -50,27 +44,55 @@ bool isText(const XmlElement &element)
                        [&element](QLatin1String name) { return element.hasName(name); });
 }
 
-/// The unknown elements of the current format. It finds its own at any depth, so that containers of any name
-/// may hold them.
-void checkCurrentElementNames(const XmlElement &element, NearestNames &names, Findings &findings)
+/// The unknown elements of the current format. The host finds its own at any depth, so that containers of any
+/// name may hold them.
+class CurrentElementNames
 {
-    for (const auto &child : element.children()) {
-        if (isCurrentElement(child)) {
-            if (!isText(child)) {
-                checkCurrentElementNames(child, names, findings);
+public:
+    CurrentElementNames(const XmlTree &document, Findings &findings)
+        : m_document(document), m_findings(findings)
+    {
+    }
+
+    void checkWithin(const XmlElement &element)
+    {
+        for (const auto &child : element.children()) {
+            if (!isCurrentElement(child)) {
+                check(child);
+            } else if (!isText(child)) {
+                checkWithin(child);
             }
-            continue;
-        }
-        const QString nearest = names.of(child.name());
-        const bool isContainer = (nearest.isEmpty() || isPlural(child)) && holdsKnownElements(child);
-        if (!isContainer) {
-            addUnknownElement(child, nearest, findings);
-        }
-        if (isContainer || !nearest.isEmpty()) {
-            checkCurrentElementNames(child, names, findings);
         }
     }
-}
+
+private:
+    void check(const XmlElement &element)
+    {
+        const QString nearest = m_names.of(element.name());
+        const bool isContainer =
+            (nearest.isEmpty() || isPlural(element)) && placedElements().areWithin(element);
+        if (!isContainer) {
+            addUnknownElement(element, nearest, m_findings);
+        }
+        if (isContainer || !nearest.isEmpty()) {
+            checkWithin(element);
+        }
+    }
+
+    /// Most documents have no unknown element to look into.
+    const PlacedElements &placedElements()
+    {
+        if (!m_placed) {
+            m_placed.emplace(m_document);
+        }
+        return *m_placed;
+    }
+
+    const XmlTree &m_document;
+    Findings &m_findings;
+    NearestNames m_names{currentElementNames()};
+    std::optional<PlacedElements> m_placed;
+};
 
 class LegacyElementNames
 {
@@ -183,49 +205,8 @@ void checkAttributes(const XmlElement &element, const QStringList &known, Findin
     }
 }
 
-/// An element of the current format of which a container has one, the first.
-struct SinglePart
-{
-    QLatin1String container; // none for the whole document
-    QLatin1String part;
-};
-
-constexpr SinglePart singleParts[] = {
-    {QLatin1String(), QLatin1String("TemplateIdentifier")},
-    {QLatin1String(), QLatin1String("ClassificationColorPresets")},
-    {QLatin1String(), QLatin1String("AssignedCatalogs")},
-    {QLatin1String(), QLatin1String("DefaultValues")},
-    {QLatin1String(), QLatin1String("ClassificationColorScopes")},
-    {QLatin1String("TemplateIdentifier"), QLatin1String("Name")},
-    {QLatin1String("TemplateIdentifier"), QLatin1String("Version")},
-    {QLatin1String("Column"), QLatin1String("BoundProperty")},
-    {QLatin1String("Column"), QLatin1String("Caption")},
-    {QLatin1String("Column"), QLatin1String("ToolTip")},
-    {QLatin1String("Column"), QLatin1String("VisibilityRestriction")},
-    {QLatin1String("Column"), QLatin1String("TextLengthRestriction")},
-    {QLatin1String("Column"), QLatin1String("NumericRangeRestriction")},
-    {QLatin1String("Column"), QLatin1String("ValueListName")},
-    {QLatin1String("Column"), QLatin1String("DisplayFormat")},
-    {QLatin1String("VisibilityRestriction"), QLatin1String("GroupLevel")},
-    {QLatin1String("BoundProperty"), QLatin1String("RefersTo")},
-    {QLatin1String("ValueListItem"), QLatin1String("Captions")},
-    {QLatin1String("DefaultValueItem"), QLatin1String("BoundProperty")},
-    {QLatin1String("ClassificationColor"), QLatin1String("Color")},
-    {QLatin1String("ClassificationColor"), QLatin1String("TextA")},
-    {QLatin1String("ClassificationColor"), QLatin1String("TextB")},
-};
-
-XmlElement nearestAround(const XmlElement &element, QLatin1String name)
-{
-    XmlElement around = element.parent();
-    while (!around.isNull() && !around.hasName(name)) {
-        around = around.parent();
-    }
-    return around;
-}
-
 /// Finds parts that stand where the same container has one already.
-void checkSinglePart(const CheckedFile &file, const SinglePart &row, Findings &findings)
+void checkSinglePart(const CheckedFile &file, const StructureRow &row, Findings &findings)
 {
     QHash<int, int> firstOfContainer;
     for (const auto &part : file.tree().all(row.part)) {
@@ -266,8 +247,7 @@ void checkElementNames(const CheckedFile &file, Findings &findings)
 {
     const XmlElement root = file.tree().root();
     if (file.isCurrent()) {
-        NearestNames names(currentElementNames());
-        checkCurrentElementNames(root, names, findings);
+        CurrentElementNames(file.tree(), findings).checkWithin(root);
         return;
     }
     const int token = templateTokenOf(root);
@@ -300,8 +280,10 @@ void checkAttributeNames(const CheckedFile &file, Findings &findings)
 void checkRepeatedElements(const CheckedFile &file, Findings &findings)
 {
     if (file.isCurrent()) {
-        for (const auto &row : singleParts) {
-            checkSinglePart(file, row, findings);
+        for (const auto &row : currentStructure()) {
+            if (row.taken == Taken::First) {
+                checkSinglePart(file, row, findings);
+            }
         }
         return;
     }

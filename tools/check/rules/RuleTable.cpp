@@ -83,7 +83,8 @@ const std::vector<Rule> &allRules()
      "Names are compared exactly, and an element of another name is not read. It is a warning when "
      "the name is near a known one, or known in another section only; else a note, since a host may "
      "keep data of its own in a template. In the current format an unknown element around known ones "
-     "is no finding, since these are found at any depth, unless its name is near a known one.",
+     "that are read there is no finding, since these are found at any depth, unless its name is near a "
+     "known one.",
      "<ToolTips><TextItem>Inner diameter</TextItem></ToolTips>",
      "<ToolTip><TextItem>Inner diameter</TextItem></ToolTip>"},
     {"unknown-attribute", Severity::Warning, Formats::Both, checkAttributeNames,
