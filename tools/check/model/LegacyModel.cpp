@@ -151,7 +151,7 @@ private:
     void readColumn(const XmlElement &section);
     void readListItem(const XmlElement &section);
     void readLegends(const XmlElement &section);
-    void beginLegend(const XmlElement &element, std::vector<BandModel> &legend);
+    std::vector<BandModel> &beginLegend(const XmlElement &element, int legend);
     void readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
                      SectionValues &captions);
     BandModel bandOf(const XmlElement &element);
@@ -177,6 +177,7 @@ private:
     TemplateModel m_model;
     ListsByName m_lists;
     QHash<QString, int> m_viewsById; // those that count
+    bool m_hasGroup[2] = {};         // of the legends
 };
 
 LegacyModelBuilder::LegacyModelBuilder(const XmlTree &document)
@@ -478,8 +479,7 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
         switch (reading.token) {
         case Tokens::Section:
         case Tokens::Lateral:
-            legend = &m_model.legends[reading.token == Tokens::Section ? 0 : 1];
-            beginLegend(reading.element, *legend);
+            legend = &beginLegend(reading.element, reading.token == Tokens::Section ? 0 : 1);
             break;
         case Tokens::LegendClass:
             legend->push_back(bandOf(reading.element));
@@ -491,13 +491,17 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
     }
 }
 
-void LegacyModelBuilder::beginLegend(const XmlElement &element, std::vector<BandModel> &legend)
+std::vector<BandModel> &LegacyModelBuilder::beginLegend(const XmlElement &element, int legend)
 {
-    if (!legend.empty()) {
+    std::vector<BandModel> &bands = m_model.legends[legend];
+    if (!bands.empty()) {
         m_model.lostLegends.push_back(
-            {element.at(), LostLegend::ClearedGroup, element.name(), static_cast<int>(legend.size())});
+            {element.at(), m_hasGroup[legend] ? LostLegend::ClearedGroup : LostLegend::ClearedClasses,
+             element.name(), static_cast<int>(bands.size())});
     }
-    legend.clear();
+    m_hasGroup[legend] = true;
+    bands.clear();
+    return bands;
 }
 
 void LegacyModelBuilder::readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,

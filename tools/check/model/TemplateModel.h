@@ -162,10 +162,11 @@ struct OverwrittenElement
     QString name;
 };
 
-/// A caption of the legacy format that reaches no class, or a group that is cleared.
+/// A caption of the legacy format that reaches no class, or a group that is cleared by another one or by the
+/// first one behind it.
 struct LostLegend
 {
-    enum Kind { CaptionWithoutClass, ClearedGroup };
+    enum Kind { CaptionWithoutClass, ClearedGroup, ClearedClasses };
 
     int at = 0;
     Kind kind = CaptionWithoutClass;
