@@ -113,6 +113,17 @@ const std::vector<StructureRow> &currentStructure()
 
 // clang-format on
 
+QStringList partsOf(const QString &container)
+{
+    QStringList parts;
+    for (const auto &row : currentStructure()) {
+        if (row.container == container) {
+            parts.append(row.part);
+        }
+    }
+    return parts;
+}
+
 XmlElement nearestAround(const XmlElement &element, QLatin1String name)
 {
     XmlElement around = element.parent();

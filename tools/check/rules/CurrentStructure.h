@@ -2,6 +2,8 @@
 
 #include "tools/check/xml/XmlTree.h"
 
+#include <QStringList>
+
 #include <vector>
 
 namespace Tobrix::Tools {
@@ -24,6 +26,9 @@ struct StructureRow
 
 /// All places in which elements of the current format mean something.
 const std::vector<StructureRow> &currentStructure();
+
+/// The elements that the host looks for in a container.
+QStringList partsOf(const QString &container);
 
 /// The nearest element of a name around another one; null when there is none.
 XmlElement nearestAround(const XmlElement &element, QLatin1String name);

@@ -177,10 +177,10 @@ private:
     QHash<QString, NearestNames> m_names;
 };
 
-bool isOfXmlItself(const QString &attribute)
+/// Whether an attribute is of XML itself or, as the reference to a schema is, of another vocabulary.
+bool isOfOthers(const QString &attribute)
 {
-    return attribute == QLatin1String("xmlns") || attribute.startsWith(QLatin1String("xmlns:")) ||
-           attribute.startsWith(QLatin1String("xml:"));
+    return attribute == QLatin1String("xmlns") || attribute.contains(QLatin1Char(':'));
 }
 
 /// Elements of the current format that may have any attribute: the levels that a rule of their own looks at,
@@ -190,18 +190,22 @@ bool hasAttributesOfItsOwn(const QString &element)
     return element == QLatin1String("GroupLevel") || element == QLatin1String("TextItem");
 }
 
-void checkAttributes(const XmlElement &element, const QStringList &known, Findings &findings)
+void checkAttributes(const XmlElement &element, const QStringList &known, const QStringList &parts,
+                     Findings &findings)
 {
     for (const XmlAttribute *attribute : element.attributes()) {
         const QString name = element.tree().nameOf(*attribute).toString();
-        if (known.contains(name) || isOfXmlItself(name)) {
+        if (known.contains(name) || isOfOthers(name)) {
             continue;
         }
-        const QString nearest = nearestOf(name, known);
+        const bool isPart = parts.contains(name);
+        const QString nearest = isPart ? QString() : nearestOf(name, known);
+        const QString hint =
+            isPart ? QStringLiteral("; write it as an element, <%1>").arg(name) : suggestion(nearest);
         findings.add(
-            nearest.isEmpty() ? Severity::Note : Severity::Warning, attribute->at,
+            isPart || !nearest.isEmpty() ? Severity::Warning : Severity::Note, attribute->at,
             QStringLiteral("%1 means nothing to the host on <%2>: it is not read").arg(name, element.name()) +
-                suggestion(nearest));
+                hint);
     }
 }
 
@@ -268,11 +272,11 @@ void checkAttributeNames(const CheckedFile &file, Findings &findings)
         const XmlElement element(tree, i);
         const QString name = element.name();
         if (!file.isCurrent()) {
-            if (!legacySectionOf(name).isEmpty()) {
-                checkAttributes(element, legacyAttributeNames(name), findings);
+            if (isLegacyElement(name)) {
+                checkAttributes(element, legacyAttributeNames(name), legacyElementNames(name), findings);
             }
         } else if (isCurrentElement(element) && !hasAttributesOfItsOwn(name)) {
-            checkAttributes(element, currentAttributeNames(name), findings);
+            checkAttributes(element, currentAttributeNames(name), partsOf(name), findings);
         }
     }
 }

@@ -90,8 +90,9 @@ const std::vector<Rule> &allRules()
     {"unknown-attribute", Severity::Warning, Formats::Both, checkAttributeNames,
      "an attribute means nothing to the host",
      "Names are compared exactly, and an attribute of another name is not read. It is a warning when "
-     "the name is near a known one of its element, else a note. In the legacy format only class has "
-     "attributes. A TextItem may have any: texts in several languages need one.",
+     "the name is near a known one of its element, or when the element has a part of that name, else a note. In the legacy format only "
+     "class has attributes. Those of other vocabularies (xml:lang, xsi:schemaLocation) are no finding. A "
+     "TextItem may have any: texts in several languages need one.",
      "<Column Datatype=\"Text\"/>",
      "<Column DataType=\"Text\"/>"},
     {"element-not-first", Severity::Warning, Formats::Current, checkFirstElements,
@@ -462,7 +463,9 @@ const std::vector<Rule> &allRules()
     {"legend-text-lost", Severity::Warning, Formats::Legacy, checkLostLegends,
      "a caption or a class of a legend is lost",
      "A caption (legendA, legendB) goes to the last class before its end; one before any class goes "
-     "nowhere. A second Section or Lateral drops the classes of the first.",
+     "nowhere. A class outside of any group goes to the group before it, and to Section where there is "
+     "none. A second Section or Lateral drops the classes of the first, and a first one those that stand "
+     "before it.",
      "<Section><legendA>Good</legendA><class id=\"C1\"/></Section>",
      "<Section><class id=\"C1\"><legendA>Good</legendA></class></Section>"},
     {"preset-incomplete", Severity::Note, Formats::Current, checkPresets,

@@ -6,6 +6,8 @@
 #include <QMap>
 #include <QSet>
 
+#include <algorithm>
+
 namespace Tobrix::Tools {
 
 using namespace Templates;
@@ -80,6 +82,13 @@ QString legacySectionOf(const QString &elementName)
         }
     }
     return QString();
+}
+
+bool isLegacyElement(const QString &elementName)
+{
+    const auto &sections = legacySections();
+    return std::any_of(sections.cbegin(), sections.cend(),
+                       [&](const QStringList &names) { return names.contains(elementName); });
 }
 
 QStringList legacyAttributeNames(const QString &elementName)
