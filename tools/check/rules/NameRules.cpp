@@ -272,7 +272,7 @@ void checkAttributeNames(const CheckedFile &file, Findings &findings)
         const XmlElement element(tree, i);
         const QString name = element.name();
         if (!file.isCurrent()) {
-            if (isLegacyElement(name)) {
+            if (isSectionOrPart(name)) {
                 checkAttributes(element, legacyAttributeNames(name), legacyElementNames(name), findings);
             }
         } else if (isCurrentElement(element) && !hasAttributesOfItsOwn(name)) {

@@ -6,8 +6,6 @@
 #include <QMap>
 #include <QSet>
 
-#include <algorithm>
-
 namespace Tobrix::Tools {
 
 using namespace Templates;
@@ -84,11 +82,9 @@ QString legacySectionOf(const QString &elementName)
     return QString();
 }
 
-bool isLegacyElement(const QString &elementName)
+bool isSectionOrPart(const QString &elementName)
 {
-    const auto &sections = legacySections();
-    return std::any_of(sections.cbegin(), sections.cend(),
-                       [&](const QStringList &names) { return names.contains(elementName); });
+    return legacySections().contains(elementName) || !legacySectionOf(elementName).isEmpty();
 }
 
 QStringList legacyAttributeNames(const QString &elementName)
