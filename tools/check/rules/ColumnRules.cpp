@@ -173,10 +173,15 @@ void checkEmptyViews(const CheckedFile &file, Findings &findings)
         return; // where the columns belong is another rule's question
     }
     for (std::size_t i = 0; i < model.views.size(); ++i) {
-        if (!model.views[i].isReplaced() && model.columnsOf(i).empty()) {
-            findings.add(model.views[i].at,
-                         QStringLiteral("view %1 has no columns: the host shows an empty form")
-                             .arg(quoted(model.views[i].key.text)));
+        const auto columns = model.columnsOf(i);
+        const bool isEmpty = std::all_of(columns.begin(), columns.end(),
+                                         [](const ColumnModel *column) { return column->isExcluded; });
+        if (!model.views[i].isReplaced() && isEmpty) {
+            const QString fault = columns.empty()
+                                      ? QStringLiteral("has no columns")
+                                      : QStringLiteral("has only columns that are left out of every view");
+            findings.add(model.views[i].at, QStringLiteral("view %1 %2: the host shows an empty form")
+                                                .arg(quoted(model.views[i].key.text), fault));
         }
     }
 }
