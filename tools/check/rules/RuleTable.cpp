@@ -231,8 +231,9 @@ const std::vector<Rule> &allRules()
      "<View Id=\"V1\" Name=\"Form\"/><View Id=\"V2\" Name=\"Grid\"/>"},
     {"view-empty", Severity::Warning, Formats::Both, checkEmptyViews,
      "a view has no columns",
-     "The host gets the view and shows an empty form. In the legacy format columns come to a view by "
-     "COL_ProgView_FK, which has to be the view's id.",
+     "The host gets the view and shows an empty form. In the current format some fields of sections and "
+     "nodes are left out of every view (column-excluded): a view of nothing else is empty. In the legacy "
+     "format columns come to a view by COL_ProgView_FK, which has to be the view's id.",
      "<View Id=\"V1\" Name=\"Form\"/>",
      "<View Id=\"V1\" Name=\"Form\"><Column>...</Column></View>"},
     {"column-duplicate-binding", Severity::Warning, Formats::Both, checkDuplicateBindings,
@@ -363,17 +364,21 @@ const std::vector<Rule> &allRules()
      "<DefaultValueItem View=\"Form\" Value=\"2\">...</DefaultValueItem>"},
     {"default-not-a-number", Severity::Error, Formats::Both, checkDefaultNumbers,
      "the default value of a number is none",
-     "A default that does not convert becomes 0, and new records start with that.",
+     "A default that does not convert becomes 0, and new records start with that. The text \"nan\" does "
+     "convert in a column for decimal numbers, to something that is in no range and equals nothing.",
      "<COL_DataType>INT</COL_DataType><COL_Default>ten</COL_Default>",
      "<COL_DataType>INT</COL_DataType><COL_Default>10</COL_Default>"},
     {"default-out-of-range", Severity::Warning, Formats::Both, checkDefaultRanges,
      "a default value is not within its column's range",
-     "New records start with a value that the editor would not accept.",
+     "New records start with a value that the editor would not accept. A number that does not even fit "
+     "into the column's type becomes 0 where numbers are whole, and infinite (or 0, when it is tiny) "
+     "where they are decimal.",
      "<COL_RangeTo>10</COL_RangeTo><COL_Default>50</COL_Default>",
      "<COL_RangeTo>100</COL_RangeTo><COL_Default>50</COL_Default>"},
     {"default-too-long", Severity::Warning, Formats::Both, checkDefaultLengths,
      "a default value is longer than its column",
-     "New records start with a text that the column cannot store.",
+     "New records start with a text that the column cannot store. A length counts what QString counts: "
+     "a character outside of the basic plane, such as an emoji, counts twice.",
      "<COL_Length>4</COL_Length><COL_Default>UNKNOWN</COL_Default>",
      "<COL_Length>10</COL_Length><COL_Default>UNKNOWN</COL_Default>"},
     {"default-ignored", Severity::Warning, Formats::Both, checkIgnoredDefaults,
@@ -407,7 +412,8 @@ const std::vector<Rule> &allRules()
      "<ValueListItem Key=\"PVC\"/><ValueListItem Key=\"PP\"/>"},
     {"list-item-too-long", Severity::Warning, Formats::Both, checkItemLengths,
      "an item is longer than a column that uses its list",
-     "The host offers a value that the column cannot store.",
+     "The host offers a value that the column cannot store. A length counts what QString counts: a "
+     "character outside of the basic plane, such as an emoji, counts twice.",
      "<LIST_Item>CONCRETE</LIST_Item> for a column with <COL_Length>4</COL_Length>",
      "<LIST_Item>CONC</LIST_Item>"},
     {"list-order-lost", Severity::Warning, Formats::Both, checkListOrder,
