@@ -6,6 +6,7 @@
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacyFields_p.h"
 #include "format_legacy/LegacyVocabulary_p.h"
+#include "loading/Limits_p.h"
 #include "rawdata/CColumnData.h"
 #include "rawdata/CTemplateDataConverter.h"
 
@@ -155,6 +156,7 @@ private:
     void readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
                      SectionValues &captions);
     BandModel bandOf(const XmlElement &element);
+    int bandCount() const { return static_cast<int>(m_model.legends[0].size() + m_model.legends[1].size()); }
 
     template <typename Fields, typename KindOf>
     SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
@@ -473,6 +475,7 @@ BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
 void LegacyModelBuilder::readLegends(const XmlElement &section)
 {
     std::vector<BandModel> *legend = &m_model.legends[0];
+    int lastPastLimit = -1;
     SectionValues captions(section.at());
     const auto readings = readSection(section, m_legendTokens, TextRule::EveryWithinElement);
     for (const auto &reading : readings) {
@@ -483,11 +486,16 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
             break;
         case Tokens::LegendClass:
             legend->push_back(bandOf(reading.element));
+            lastPastLimit = bandCount() == Limits::legendItems + 1 ? reading.element.at() : lastPastLimit;
             captions = SectionValues(section.at());
             break;
         default:
             readCaption(reading, *legend, captions);
         }
+    }
+    // A group that begins anew takes back what it had before.
+    if (bandCount() > Limits::legendItems && m_model.bandTooManyAt < 0) {
+        m_model.bandTooManyAt = lastPastLimit;
     }
 }
 

@@ -221,6 +221,8 @@ struct TemplateModel
     std::vector<LostLegend> lostLegends;
     std::vector<UnreachableSection> unreachableSections;
     std::vector<int> itemsWithoutList;
+    int bandTooManyAt =
+        -1; ///< of a class past the limit for both legends; groups may take others back behind it
 
     /// To be called when the model is complete, before anything is looked up in it.
     void makeIndex();
