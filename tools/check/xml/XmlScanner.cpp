@@ -19,6 +19,9 @@ bool beginsName(QChar c)
 
 bool endsName(QChar c)
 {
+    if (c > QLatin1Char('>')) {
+        return false; // as nearly all are
+    }
     return isSpace(c) || c == QLatin1Char('>') || c == QLatin1Char('/') || c == QLatin1Char('=') ||
            c == QLatin1Char('<') || c == QLatin1Char('"') || c == QLatin1Char('\'');
 }
@@ -92,19 +95,20 @@ int XmlScanner::strayTextBefore(int end) const
 
 void XmlScanner::scanMarkup()
 {
-    if (isHere(QLatin1String("<!--"))) {
+    const QChar second = m_at + 1 < m_size ? m_source.at(m_at + 1) : QChar();
+    if (second == QLatin1Char('/')) {
+        scanEndTag();
+    } else if (second == QLatin1Char('?')) {
+        breakIf(m_at > 0 && isHere(QLatin1String("<?xml ")), m_at);
+        scanTo(QLatin1String("?>"), XmlNode::Instruction, 2);
+    } else if (second != QLatin1Char('!')) {
+        scanStartTag();
+    } else if (isHere(QLatin1String("<!--"))) {
         scanTo(QLatin1String("-->"), XmlNode::Comment, 4);
     } else if (isHere(QLatin1String("<![CDATA["))) {
         scanTo(QLatin1String("]]>"), XmlNode::CData, 9);
-    } else if (isHere(QLatin1String("<?"))) {
-        breakIf(m_at > 0 && isHere(QLatin1String("<?xml ")), m_at);
-        scanTo(QLatin1String("?>"), XmlNode::Instruction, 2);
-    } else if (isHere(QLatin1String("<!"))) {
-        scanDocumentType();
-    } else if (isHere(QLatin1String("</"))) {
-        scanEndTag();
     } else {
-        scanStartTag();
+        scanDocumentType();
     }
 }
 
