@@ -3,6 +3,7 @@
 #include "support/TemporaryTemplate.h"
 #include "tools/check/CheckedFile.h"
 #include "tools/json/FileJson.h"
+#include "tools/loading/TemplateLoading.h"
 
 #include <QJsonObject>
 #include <QTest>
@@ -120,12 +121,12 @@ void CountLimitsTest::legacySectionsGoPastALimit()
         sections += '\n' + QByteArray(counted).replace('%', QByteArray::number(i));
     }
     const TemporaryTemplate full(QStringLiteral("templates"), legacyDocument(sections + end));
-    QVERIFY(Tobrix::Tools::describeTemplate(full.path()).value(QLatin1String("ok")).toBool());
+    QVERIFY(Tobrix::Tools::loadTemplate(full.path()).catalogTemplate);
     QCOMPARE(Tobrix::Tools::CheckedFile(full.path()).excess(), QString());
 
     sections += '\n' + QByteArray(counted).replace('%', QByteArray::number(limit));
     const TemporaryTemplate overfull(QStringLiteral("templates"), legacyDocument(sections + end));
-    QVERIFY(!Tobrix::Tools::describeTemplate(overfull.path()).value(QLatin1String("ok")).toBool());
+    QVERIFY(!Tobrix::Tools::loadTemplate(overfull.path()).catalogTemplate);
     QCOMPARE(findingsIn(overfull.path()),
              QStringLiteral("%1:1: error: more than %2 %3: the host refuses the file [limit-exceeded]\n")
                  .arg(limit + 2)
@@ -149,7 +150,7 @@ void CountLimitsTest::whatTheLegacyReaderDropsIsNotCounted()
 {
     QFETCH(QByteArray, sections);
     const TemporaryTemplate file(QStringLiteral("templates"), legacyDocument(sections));
-    QVERIFY(Tobrix::Tools::describeTemplate(file.path()).value(QLatin1String("ok")).toBool());
+    QVERIFY(Tobrix::Tools::loadTemplate(file.path()).catalogTemplate);
     QCOMPARE(Tobrix::Tools::CheckedFile(file.path()).excess(), QString());
 }
 
