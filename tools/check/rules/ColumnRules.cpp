@@ -46,12 +46,15 @@ QStringList dataTypeCodes(bool isCurrent)
     return names;
 }
 
-QStringList controlNames()
+const QStringList &controlNames()
 {
-    QStringList names;
-    for (const auto &row : controlTypeNames) {
-        names.append(row.name);
-    }
+    static const QStringList names = [] {
+        QStringList all;
+        for (const auto &row : controlTypeNames) {
+            all.append(row.name);
+        }
+        return all;
+    }();
     return names;
 }
 

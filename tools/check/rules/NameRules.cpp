@@ -190,7 +190,14 @@ bool hasAttributesOfItsOwn(const QString &element)
     return element == QLatin1String("GroupLevel") || element == QLatin1String("TextItem");
 }
 
-void checkAttributes(const XmlElement &element, const QStringList &known, const QStringList &parts,
+/// What may stand in an element: the attributes that the host reads, and the elements within.
+struct ElementVocabulary
+{
+    QStringList (*attributesOf)(const QString &element);
+    QStringList (*partsOf)(const QString &element);
+};
+
+void checkAttributes(const XmlElement &element, const QStringList &known, const ElementVocabulary &vocabulary,
                      Findings &findings)
 {
     for (const XmlAttribute *attribute : element.attributes()) {
@@ -198,7 +205,7 @@ void checkAttributes(const XmlElement &element, const QStringList &known, const 
         if (known.contains(name) || isOfOthers(name)) {
             continue;
         }
-        const bool isPart = parts.contains(name);
+        const bool isPart = vocabulary.partsOf(element.name()).contains(name);
         const QString nearest = isPart ? QString() : nearestOf(name, known);
         const QString hint =
             isPart ? QStringLiteral("; write it as an element, <%1>").arg(name) : suggestion(nearest);
@@ -265,19 +272,27 @@ void checkElementNames(const CheckedFile &file, Findings &findings)
 void checkAttributeNames(const CheckedFile &file, Findings &findings)
 {
     const XmlTree &tree = file.tree();
+    const ElementVocabulary vocabulary = file.isCurrent()
+                                             ? ElementVocabulary{currentAttributeNames, partsOf}
+                                             : ElementVocabulary{legacyAttributeNames, legacyElementNames};
+    const auto isJudged = [&file](const XmlElement &element) {
+        return file.isCurrent() ? isCurrentElement(element) && !hasAttributesOfItsOwn(element.name())
+                                : isSectionOrPart(element.name());
+    };
+    QHash<int, QStringList> known; // by the numbers of elements' names
     for (int i = 0; i < tree.size(); ++i) {
         if (tree.node(i).kind != XmlNode::Element || tree.node(i).attributeCount == 0) {
             continue;
         }
         const XmlElement element(tree, i);
-        const QString name = element.name();
-        if (!file.isCurrent()) {
-            if (isSectionOrPart(name)) {
-                checkAttributes(element, legacyAttributeNames(name), legacyElementNames(name), findings);
-            }
-        } else if (isCurrentElement(element) && !hasAttributesOfItsOwn(name)) {
-            checkAttributes(element, currentAttributeNames(name), partsOf(name), findings);
+        if (!isJudged(element)) {
+            continue;
         }
+        auto names = known.find(element.nameNumber());
+        if (names == known.end()) {
+            names = known.insert(element.nameNumber(), vocabulary.attributesOf(element.name()));
+        }
+        checkAttributes(element, *names, vocabulary, findings);
     }
 }
 
