@@ -55,6 +55,15 @@ struct ViewModel
     bool isReplaced() const { return replacedBy >= 0; }
 };
 
+/// The limits of a column's values, as a host gets them.
+struct ColumnRange
+{
+    double minimum = 0.0;
+    double maximum = 0.0;
+
+    bool isEmpty() const { return minimum > maximum; }
+};
+
 struct ColumnModel
 {
     int at = 0;
@@ -101,6 +110,8 @@ struct ColumnModel
 
     /// Whether a host gets it.
     bool isBuilt() const { return type != Templates::CTemplateColumn::Unknown && !isExcluded && view >= 0; }
+    /// Its range, which a column for whole numbers has in whole numbers.
+    ColumnRange range() const;
     bool isNumeric() const
     {
         return type == Templates::CTemplateColumn::Integer || type == Templates::CTemplateColumn::Decimal;

@@ -7,7 +7,6 @@
 
 #include "format_current/CurrentFormatTables_p.h"
 #include "rawdata/ColumnTypeCodes_p.h"
-#include "rawdata/SaturatedInt_p.h"
 
 #include <QHash>
 #include <QSet>
@@ -278,13 +277,11 @@ void checkSortOrders(const CheckedFile &file, Findings &findings)
 void checkEmptyRanges(const CheckedFile &file, Findings &findings)
 {
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
-        const bool isInteger = column.type == CTemplateColumn::Integer;
-        const bool isEmpty = isInteger ? toSaturatedInt(column.minimum) > toSaturatedInt(column.maximum)
-                                       : column.minimum > column.maximum;
-        if (column.isNumeric() && isEmpty) {
+        const ColumnRange range = column.range();
+        if (column.isNumeric() && range.isEmpty()) {
             findings.add(placeOf(column.rangeTo, column.rangeFrom.at),
                          QStringLiteral("no value is within the range of %1, from %2 to %3")
-                             .arg(nameOf(column), inWords(column.minimum), inWords(column.maximum)));
+                             .arg(nameOf(column), inWords(range.minimum), inWords(range.maximum)));
         }
     });
 }

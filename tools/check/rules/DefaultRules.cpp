@@ -223,12 +223,12 @@ void checkDefaultRanges(const CheckedFile &file, Findings &findings)
             return;
         }
         const auto number = column.isNumeric() ? numberOf(column) : std::nullopt;
-        const bool hasRange = column.minimum <= column.maximum;
-        if (number && hasRange && (*number < column.minimum || *number > column.maximum)) {
+        const ColumnRange range = column.range();
+        if (number && !range.isEmpty() && (*number < range.minimum || *number > range.maximum)) {
             findings.add(
                 column.defaultValue.at,
                 QStringLiteral("default %1 of %2 is not within its range, from %3 to %4")
-                    .arg(inWords(*number), nameOf(column), inWords(column.minimum), inWords(column.maximum)));
+                    .arg(inWords(*number), nameOf(column), inWords(range.minimum), inWords(range.maximum)));
         }
     });
 }
