@@ -124,6 +124,17 @@ QStringList partsOf(const QString &container)
     return parts;
 }
 
+QStringList containersOf(const QString &part)
+{
+    QStringList containers;
+    for (const auto &row : currentStructure()) {
+        if (row.part == part && !row.container.isEmpty()) {
+            containers.append(row.container);
+        }
+    }
+    return containers;
+}
+
 XmlElement nearestAround(const XmlElement &element, QLatin1String name)
 {
     XmlElement around = element.parent();
@@ -141,6 +152,12 @@ PlacedElements::PlacedElements(const XmlTree &document) : m_countBefore{0}
         const bool isPlaced = isElement && placement.isPlaced(XmlElement(document, i));
         m_countBefore.push_back(m_countBefore.back() + (isPlaced ? 1 : 0));
     }
+}
+
+bool PlacedElements::contain(const XmlElement &element) const
+{
+    const auto index = static_cast<std::size_t>(element.index());
+    return m_countBefore[index + 1] > m_countBefore[index];
 }
 
 bool PlacedElements::areWithin(const XmlElement &element) const

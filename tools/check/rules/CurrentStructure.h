@@ -30,6 +30,9 @@ const std::vector<StructureRow> &currentStructure();
 /// The elements that the host looks for in a container.
 QStringList partsOf(const QString &container);
 
+/// The containers that the host looks for an element in.
+QStringList containersOf(const QString &part);
+
 /// The nearest element of a name around another one; null when there is none.
 XmlElement nearestAround(const XmlElement &element, QLatin1String name);
 
@@ -40,6 +43,8 @@ class PlacedElements
 public:
     explicit PlacedElements(const XmlTree &document);
 
+    /// Whether an element is one of them.
+    bool contain(const XmlElement &element) const;
     /// Whether there are any below an element.
     bool areWithin(const XmlElement &element) const;
 

@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
-#include <optional>
 
 namespace Tobrix::Tools {
 
@@ -50,7 +49,7 @@ class CurrentElementNames
 {
 public:
     CurrentElementNames(const XmlTree &document, Findings &findings)
-        : m_document(document), m_findings(findings)
+        : m_findings(findings), m_placed(document)
     {
     }
 
@@ -59,6 +58,8 @@ public:
         for (const auto &child : element.children()) {
             if (!isCurrentElement(child)) {
                 check(child);
+            } else if (!m_placed.contain(child)) {
+                checkMisplaced(child);
             } else if (!isText(child)) {
                 checkWithin(child);
             }
@@ -69,29 +70,33 @@ private:
     void check(const XmlElement &element)
     {
         const QString nearest = m_names.of(element.name());
-        const bool isContainer =
-            (nearest.isEmpty() || isPlural(element)) && placedElements().areWithin(element);
+        const bool isContainer = (nearest.isEmpty() || isPlural(element)) && m_placed.areWithin(element);
         if (!isContainer) {
             addUnknownElement(element, nearest, m_findings);
         }
-        if (isContainer || !nearest.isEmpty()) {
+        if (m_placed.areWithin(element)) {
             checkWithin(element);
         }
     }
 
-    /// Most documents have no unknown element to look into.
-    const PlacedElements &placedElements()
+    /// A note, since other things may have parts as columns have them.
+    void checkMisplaced(const XmlElement &element)
     {
-        if (!m_placed) {
-            m_placed.emplace(m_document);
+        // Names and versions may be those of anything; group levels have a rule of their own.
+        constexpr QLatin1String others[] = {QLatin1String("Name"), QLatin1String("Version"),
+                                            QLatin1String("GroupLevel")};
+        const QString name = element.name();
+        if (std::none_of(std::begin(others), std::end(others),
+                         [&name](QLatin1String other) { return name == other; })) {
+            m_findings.add(Severity::Note, element.at(),
+                           QStringLiteral("<%1> is read in <%2> only: here it is ignored")
+                               .arg(name, containersOf(name).join(QStringLiteral(">, <"))));
         }
-        return *m_placed;
     }
 
-    const XmlTree &m_document;
     Findings &m_findings;
     NearestNames m_names{currentElementNames()};
-    std::optional<PlacedElements> m_placed;
+    const PlacedElements m_placed;
 };
 
 class LegacyElementNames

@@ -84,7 +84,7 @@ const std::vector<Rule> &allRules()
      "the name is near a known one, or known in another section only; else a note, since a host may "
      "keep data of its own in a template. In the current format an unknown element around known ones "
      "that are read there is no finding, since these are found at any depth, unless its name is near a "
-     "known one.",
+     "known one; a known one where the host does not look for it, as a Caption in a View, is a note.",
      "<ToolTips><TextItem>Inner diameter</TextItem></ToolTips>",
      "<ToolTip><TextItem>Inner diameter</TextItem></ToolTip>"},
     {"unknown-attribute", Severity::Warning, Formats::Both, checkAttributeNames,
