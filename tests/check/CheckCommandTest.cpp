@@ -9,6 +9,9 @@
 #include <QTest>
 
 #include <algorithm>
+#include <functional>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -43,6 +46,8 @@ QStringList words(const char *text)
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
+using Preparation = std::function<bool(const QString &path)>;
+
 void copyInto(const QTemporaryDir &folder, const QString &document, const QString &name)
 {
     const QString target = folder.filePath(name);
@@ -51,6 +56,8 @@ void copyInto(const QTemporaryDir &folder, const QString &document, const QStrin
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(Preparation)
 
 class CheckCommandTest : public QObject
 {
@@ -64,6 +71,9 @@ private Q_SLOTS:
     void unreadableFileKeepsNoOtherFromBeingChecked();
     void folderIsSearchedInTheOrderOfNames();
     void folderWithoutTemplatesIsComplainedAbout();
+    void whatIsNoFileInAFolderIsComplainedAbout_data();
+    void whatIsNoFileInAFolderIsComplainedAbout();
+    void linkToAFolderIsNotFollowed();
     void everyFormatIsPrinted_data();
     void everyFormatIsPrinted();
     void colourAndProgressStayOutOfFiles();
@@ -157,6 +167,60 @@ void CheckCommandTest::folderWithoutTemplatesIsComplainedAbout()
     const Run result = run({folder.path()});
     QCOMPARE(result.exitStatus, 2);
     QCOMPARE(result.errors, "tobrix-template: " + folder.path().toUtf8() + ": holds no *.xml file\n");
+}
+
+void CheckCommandTest::whatIsNoFileInAFolderIsComplainedAbout_data()
+{
+    QTest::addColumn<Preparation>("prepare");
+    QTest::addColumn<bool>("isAboutPermission");
+    QTest::addColumn<QByteArray>("complaint");
+    QTest::newRow("a link that leads nowhere")
+        << Preparation([](const QString &path) { return QFile::link(QStringLiteral("nowhere"), path); })
+        << false << QByteArray("is a link to a file that does not exist");
+    QTest::newRow("a pipe") << Preparation([](const QString &path) {
+        return ::mkfifo(QFile::encodeName(path).constData(), S_IRUSR | S_IWUSR) == 0;
+    }) << false << QByteArray("is not a regular file");
+    QTest::newRow("a link to a device")
+        << Preparation([](const QString &path) { return QFile::link(QStringLiteral("/dev/zero"), path); })
+        << false << QByteArray("is not a regular file");
+    QTest::newRow("a file without permission") << Preparation([](const QString &path) {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.setPermissions(QFileDevice::Permissions());
+    }) << true << QByteArray("is not readable: Permission denied");
+    QTest::newRow("a folder without permission") << Preparation([](const QString &path) {
+        return QDir().mkdir(path) && QFile::setPermissions(path, QFileDevice::Permissions());
+    }) << true << QByteArray("cannot be searched");
+}
+
+void CheckCommandTest::whatIsNoFileInAFolderIsComplainedAbout()
+{
+    QFETCH(Preparation, prepare);
+    QFETCH(bool, isAboutPermission);
+    QFETCH(QByteArray, complaint);
+    const QTemporaryDir folder;
+    copyInto(folder, QStringLiteral("templates/not-a-number.xml"), QStringLiteral("f/z.xml"));
+    const QString path = folder.filePath(QStringLiteral("f/a.xml"));
+    QVERIFY(prepare(path));
+    if (isAboutPermission && ::geteuid() == 0) {
+        QSKIP("nothing is forbidden to this user");
+    }
+    const Run result = run({QStringLiteral("f")}, folder.path());
+    QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    QCOMPARE(result.errors, "tobrix-template: f/a.xml: " + complaint + '\n');
+    QCOMPARE(result.exitStatus, 2);
+    QVERIFY2(result.output.startsWith("f/z.xml:"), result.output.constData());
+}
+
+void CheckCommandTest::linkToAFolderIsNotFollowed()
+{
+    const QTemporaryDir folder;
+    copyInto(folder, QStringLiteral("templates/legend-gap.xml"), QStringLiteral("f/z.xml"));
+    copyInto(folder, QStringLiteral("templates/not-a-number.xml"), QStringLiteral("g/z.xml"));
+    QVERIFY(QFile::link(QStringLiteral("../g"), folder.filePath(QStringLiteral("f/g.xml"))));
+    const Run result = run({QStringLiteral("f")}, folder.path());
+    QCOMPARE(result.errors, QByteArray());
+    QVERIFY2(result.output.endsWith("1 file checked: 0 errors, 0 warnings, 1 note\n"),
+             result.output.constData());
 }
 
 void CheckCommandTest::everyFormatIsPrinted_data()

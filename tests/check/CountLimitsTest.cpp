@@ -1,7 +1,9 @@
 #include "CheckDocuments.h"
 #include "loading/Limits_p.h"
 #include "support/TemporaryTemplate.h"
+#include "tools/check/CheckedFile.h"
 #include "tools/json/FileJson.h"
+#include "tools/loading/TemplateLoading.h"
 
 #include <QJsonObject>
 #include <QTest>
@@ -18,6 +20,10 @@ private Q_SLOTS:
     void containersInEachOtherGoPastALimit_data();
     void containersInEachOtherGoPastALimit();
     void classesOfOtherSchemesAreNotCounted();
+    void legacySectionsGoPastALimit_data();
+    void legacySectionsGoPastALimit();
+    void whatTheLegacyReaderDropsIsNotCounted_data();
+    void whatTheLegacyReaderDropsIsNotCounted();
 };
 
 void CountLimitsTest::containersInEachOtherGoPastALimit_data()
@@ -79,6 +85,73 @@ void CountLimitsTest::classesOfOtherSchemesAreNotCounted()
     const QJsonObject header =
         Tobrix::Tools::describeTemplate(file.path()).value(QLatin1String("template")).toObject();
     QCOMPARE(header.value(QLatin1String("uniqueId")).toString(), QStringLiteral("T1"));
+}
+
+void CountLimitsTest::legacySectionsGoPastALimit_data()
+{
+    QTest::addColumn<QByteArray>("begin");
+    QTest::addColumn<QByteArray>("counted"); // "%" stands for its number
+    QTest::addColumn<int>("limit");
+    QTest::addColumn<QString>("words");
+    QTest::newRow("columns")
+        << QByteArray("<PROGVIEW><PV_PK>V</PV_PK></PROGVIEW>")
+        << QByteArray("<SYSCOL><COL_ProgView_FK>V</COL_ProgView_FK><COL_DataType>BOL</COL_DataType></SYSCOL>")
+        << Limits::columns << "columns";
+    QTest::newRow("list items") << QByteArray()
+                                << QByteArray(
+                                       "<SYSLIST><LIST_Name>L</LIST_Name><LIST_Item>%</LIST_Item></SYSLIST>")
+                                << Limits::listItems << "list items";
+    QTest::newRow("views") << QByteArray() << QByteArray("<PROGVIEW><PV_PK>%</PV_PK></PROGVIEW>")
+                           << Limits::views << "views";
+    QTest::newRow("legend classes") << QByteArray("<LegendOfClassification><Lateral/><Section/>")
+                                    << QByteArray("<class/>") << Limits::legendItems << "legend classes";
+}
+
+void CountLimitsTest::legacySectionsGoPastALimit()
+{
+    QFETCH(QByteArray, begin);
+    QFETCH(QByteArray, counted);
+    QFETCH(int, limit);
+    QFETCH(QString, words);
+    const QByteArray tag = begin.left(begin.indexOf('>') + 1);
+    const bool isOpen = !begin.isEmpty() && !begin.endsWith("</PROGVIEW>");
+    const QByteArray end = isOpen ? "</" + tag.mid(1) : QByteArray();
+    QByteArray sections = begin;
+    for (int i = 0; i < limit; ++i) {
+        sections += '\n' + QByteArray(counted).replace('%', QByteArray::number(i));
+    }
+    const TemporaryTemplate full(QStringLiteral("templates"), legacyDocument(sections + end));
+    QVERIFY(Tobrix::Tools::loadTemplate(full.path()).catalogTemplate);
+    QCOMPARE(Tobrix::Tools::CheckedFile(full.path()).excess(), QString());
+
+    sections += '\n' + QByteArray(counted).replace('%', QByteArray::number(limit));
+    const TemporaryTemplate overfull(QStringLiteral("templates"), legacyDocument(sections + end));
+    QVERIFY(!Tobrix::Tools::loadTemplate(overfull.path()).catalogTemplate);
+    QCOMPARE(findingsIn(overfull.path()),
+             QStringLiteral("%1:1: error: more than %2 %3: the host refuses the file [limit-exceeded]\n")
+                 .arg(limit + 2)
+                 .arg(limit)
+                 .arg(words));
+}
+
+void CountLimitsTest::whatTheLegacyReaderDropsIsNotCounted_data()
+{
+    QTest::addColumn<QByteArray>("sections");
+    QTest::newRow("views of the same id")
+        << QByteArray("<PROGVIEW><PV_PK>V</PV_PK></PROGVIEW>").repeated(Limits::views + 1);
+    QTest::newRow("columns of unknown type") << QByteArray("<SYSCOL/>").repeated(Limits::columns + 1);
+    QTest::newRow("classes of a group that begins anew")
+        << "<LegendOfClassification>" +
+               ("<Section/>" + QByteArray("<class/>").repeated(Limits::legendItems)).repeated(2) +
+               "</LegendOfClassification>";
+}
+
+void CountLimitsTest::whatTheLegacyReaderDropsIsNotCounted()
+{
+    QFETCH(QByteArray, sections);
+    const TemporaryTemplate file(QStringLiteral("templates"), legacyDocument(sections));
+    QVERIFY(Tobrix::Tools::loadTemplate(file.path()).catalogTemplate);
+    QCOMPARE(Tobrix::Tools::CheckedFile(file.path()).excess(), QString());
 }
 
 QTEST_GUILESS_MAIN(CountLimitsTest)

@@ -39,8 +39,8 @@ QString columnLine(const ColumnModel &column)
                       QString::number(column.control),
                       QString::number(column.order),
                       flags(column.isVisible, column.isReadOnly, column.isMandatory, column.isVirtual)};
-    if (column.type == CTemplateColumn::Decimal) {
-        words << numberText(column.minimum) << numberText(column.maximum);
+    if (column.isNumeric()) {
+        words << numberText(column.range().minimum) << numberText(column.range().maximum);
     } else if (column.type == CTemplateColumn::Text) {
         words << QString::number(column.maximumLength)
               << (column.isForcedToDefault ? QStringLiteral("NOD") : column.defaultValue.text);
@@ -63,7 +63,7 @@ QString columnLine(const QJsonObject &column)
                       text("sortOrder"),
                       flags(flag("isVisible"), flag("isReadOnly"), flag("isMandatory"), flag("isVirtual"))};
     const int type = column.value(QLatin1String("columnType")).toInt();
-    if (type == CTemplateColumn::Decimal) {
+    if (type == CTemplateColumn::Integer || type == CTemplateColumn::Decimal) {
         const auto limit = [&column](const char *name) {
             const QJsonValue value = column.value(QLatin1String(name));
             return numberText(value.isDouble() ? value.toDouble() : value.toString().toDouble());

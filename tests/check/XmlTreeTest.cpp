@@ -234,20 +234,28 @@ void XmlTreeTest::brokenDocumentComesToAnEnd_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<int>("brokenAt");
-    QTest::newRow("nothing") << "" << -1;
-    QTest::newRow("a bracket") << "<" << 0;
-    QTest::newRow("a tag without an end") << "<a" << 0;
-    QTest::newRow("an attribute without an end") << "<a b='1" << 0;
-    QTest::newRow("an attribute without a value") << "<a b" << 0;
-    QTest::newRow("an element without an end") << "<a><b></b>" << 0;
-    QTest::newRow("the innermost element without an end") << "<a><b>" << 3;
+    QTest::newRow("nothing") << "" << 0;
+    QTest::newRow("a bracket") << "<" << 1;
+    QTest::newRow("a tag without an end") << "<a" << 2;
+    QTest::newRow("an attribute without an end") << "<a b='1" << 7;
+    QTest::newRow("an attribute without a value") << "<a b" << 4;
+    QTest::newRow("an element without an end") << "<a><b></b>" << 10;
+    QTest::newRow("an end tag without an end") << "<a><b></b" << 9;
     QTest::newRow("another end") << "<a><b></a></b>" << 6;
     QTest::newRow("an end too many") << "<a/></b>" << 4;
-    QTest::newRow("a comment without an end") << "<a><!-- " << 3;
-    QTest::newRow("CDATA without an end") << "<a><![CDATA[ x" << 3;
-    QTest::newRow("an instruction without an end") << "<a><? x" << 3;
-    QTest::newRow("a document type without an end") << "<!DOCTYPE a [<!ENTITY" << -1;
-    QTest::newRow("a document type of nothing") << "<!" << -1;
+    QTest::newRow("a second root") << "<a/><b/>" << 4;
+    QTest::newRow("text before the root") << " x<a/>" << 1;
+    QTest::newRow("text behind the root") << "<a/> x" << 5;
+    QTest::newRow("a comment without an end") << "<a><!-- " << 8;
+    QTest::newRow("dashes in a comment") << "<a><!-- x -- --></a>" << 10;
+    QTest::newRow("CDATA without an end") << "<a><![CDATA[ x" << 14;
+    QTest::newRow("an instruction without an end") << "<a><? x" << 7;
+    QTest::newRow("a declaration too late") << "<a><?xml version='1.0'?></a>" << 3;
+    QTest::newRow("a tag without a name") << "<a> < b</a>" << 4;
+    QTest::newRow("an attribute without quotes") << "<a b=1/>" << 3;
+    QTest::newRow("an attribute of a name alone") << "<a b/>" << 3;
+    QTest::newRow("a document type without an end") << "<!DOCTYPE a [<!ENTITY" << 21;
+    QTest::newRow("a document type of nothing") << "<!" << 2;
     QTest::newRow("a reference without an end") << "<a b='&'>&amp</a>" << -1;
 }
 

@@ -1,11 +1,12 @@
 #include "tools/check/CheckedFile.h"
 
+#include "tools/check/CountLimits.h"
 #include "tools/check/model/CurrentModel.h"
 #include "tools/check/model/LegacyModel.h"
 #include "tools/check/xml/XmlDecoding.h"
+#include "tools/check/xml/XmlFault.h"
 #include "tools/loading/FileAccess.h"
 
-#include "loading/Limits_p.h"
 #include "loading/TemplateFile_p.h"
 #include "loading/TemplateLocation_p.h"
 
@@ -14,62 +15,12 @@
 #include <QFile>
 
 #include <algorithm>
-#include <iterator>
 
 namespace Tobrix::Tools {
 
 using namespace Templates;
 
 namespace {
-
-/// Containers whose content is limited, each counted with all that it holds.
-struct LimitedContent
-{
-    bool isCurrent;
-    QLatin1String container; // none for the whole document
-    QLatin1String content;
-    int limit;
-    QLatin1String words;
-};
-
-constexpr LimitedContent limitedContents[] = {
-    {true, QLatin1String("View"), QLatin1String("Column"), Limits::columns, QLatin1String("columns")},
-    {true, QLatin1String("ValueList"), QLatin1String("ValueListItem"), Limits::listItems,
-     QLatin1String("list items")},
-    {true, QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColor"),
-     Limits::legendItems, QLatin1String("legend classes")},
-    {true, QLatin1String(), QLatin1String("View"), Limits::views, QLatin1String("views")},
-    {false, QLatin1String(), QLatin1String("PROGVIEW"), Limits::views, QLatin1String("views")},
-    {false, QLatin1String(), QLatin1String("SYSCOL"), Limits::columns, QLatin1String("columns")},
-    {false, QLatin1String(), QLatin1String("SYSLIST"), Limits::listItems, QLatin1String("list items")},
-};
-
-/// The containers of a kind that count. Of the legends that are those of the scheme that hosts show.
-std::vector<XmlElement> containersOf(const XmlTree &tree, QLatin1String container)
-{
-    if (container != QLatin1String("ClassificationColorScope")) {
-        return tree.all(container);
-    }
-    std::vector<XmlElement> scopes = tree.first(QLatin1String("ClassificationColorScopes")).all(container);
-    const auto isOther = [&tree](const XmlElement &scope) {
-        const XmlAttribute *name = scope.attribute(QLatin1String("Name"));
-        return !name || tree.valueOf(*name) != QLatin1String("ClassColorDefault");
-    };
-    scopes.erase(std::remove_if(scopes.begin(), scopes.end(), isOther), scopes.end());
-    return scopes;
-}
-
-std::size_t countOf(const XmlTree &tree, const LimitedContent &limited)
-{
-    if (limited.container.isEmpty()) {
-        return tree.all(limited.content).size();
-    }
-    std::size_t count = 0;
-    for (const auto &container : containersOf(tree, limited.container)) {
-        count += container.all(limited.content).size();
-    }
-    return count;
-}
 
 /// As much of a file as one would look for a place in.
 QByteArray beginningOf(const QString &fileName)
@@ -89,6 +40,12 @@ XmlVerdict verdictOn(const QByteArray &bytes, bool isCurrent)
     }
     QDomDocument document;
     return judgeByDom(buffer, document);
+}
+
+/// Whether a parser complains about bytes that stand for no character.
+bool isUndecodable(const XmlVerdict &verdict)
+{
+    return verdict.explanation == QLatin1String("Encountered incorrectly encoded content");
 }
 
 } // namespace
@@ -124,10 +81,10 @@ void CheckedFile::read()
         const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), std::min(noticedAt, m_source.size() - 1));
         m_faultAt = tagAt < 0 ? noticedAt : tagAt;
     } else if (!m_verdict.isWellFormed) {
-        // The parsers stop behind the fault. Where an element is at fault, its own place says more.
-        m_faultAt = places().offsetOf(m_verdict.line, m_verdict.column);
-        const int brokenAt = tree().brokenAt();
-        m_faultAt = brokenAt >= 0 ? std::min(m_faultAt, brokenAt) : m_faultAt;
+        // The stream decodes far ahead of the place where it seems to be.
+        m_faultAt = isUndecodable(m_verdict)
+                        ? undecodableAt(bytes)
+                        : placeOfFault(tree(), places().offsetOf(m_verdict.line, m_verdict.column));
     } else {
         countItems();
     }
@@ -135,13 +92,9 @@ void CheckedFile::read()
 
 void CheckedFile::countItems()
 {
-    for (const auto &limited : limitedContents) {
-        if (limited.isCurrent == m_isCurrent &&
-            countOf(tree(), limited) > static_cast<std::size_t>(limited.limit)) {
-            m_excess = QStringLiteral("more than %1 %2").arg(limited.limit).arg(limited.words);
-            m_faultAt = tree().root().at();
-        }
-    }
+    const CountExcess excess = m_isCurrent ? excessOfCurrent(tree()) : excessOfLegacy(model());
+    m_excess = excess.words;
+    m_faultAt = excess.at;
 }
 
 const SourcePlaces &CheckedFile::places() const

@@ -1,19 +1,42 @@
 #include "tools/check/FileWalk.h"
 
 #include <QDirIterator>
+#include <QFileInfo>
 
 namespace Tobrix::Tools {
 
-QStringList templateFilesIn(const QString &folder)
+namespace {
+
+bool isUnreadableFolder(const QFileInfo &info)
 {
-    QStringList files;
-    QDirIterator iterator(folder, {QStringLiteral("*.xml")}, QDir::Files | QDir::Hidden,
+    return info.isDir() && !info.isSymLink() && !(info.isReadable() && info.isExecutable());
+}
+
+} // namespace
+
+FolderContent contentOfFolder(const QString &folder)
+{
+    FolderContent content;
+    if (isUnreadableFolder(QFileInfo(folder))) {
+        content.unreadableFolders.append(folder);
+    }
+    // System stands for what cannot be read as a file: pipes, links that lead nowhere. Whoever calls such a
+    // thing a template is told that it is none.
+    QDirIterator iterator(folder, {QStringLiteral("*.xml")},
+                          QDir::Files | QDir::System | QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot,
                           QDirIterator::Subdirectories);
     while (iterator.hasNext()) {
-        files.append(iterator.next());
+        const QString path = iterator.next();
+        const QFileInfo info = iterator.fileInfo();
+        if (!info.isDir()) {
+            content.templateFiles.append(path);
+        } else if (isUnreadableFolder(info)) {
+            content.unreadableFolders.append(path);
+        }
     }
-    files.sort();
-    return files;
+    content.templateFiles.sort();
+    content.unreadableFolders.sort();
+    return content;
 }
 
 } // namespace Tobrix::Tools

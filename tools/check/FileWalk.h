@@ -4,8 +4,13 @@
 
 namespace Tobrix::Tools {
 
-/// The template files (*.xml) in a folder and those below it, in the order of their names. Links to folders
-/// are not followed.
-QStringList templateFilesIn(const QString &folder);
+/// What a folder holds, with those below it. Links to folders are not followed.
+struct FolderContent
+{
+    QStringList templateFiles;     ///< whatever is called *.xml and is no folder, in the order of the names
+    QStringList unreadableFolders; ///< which may hold more of them
+};
+
+FolderContent contentOfFolder(const QString &folder);
 
 } // namespace Tobrix::Tools

@@ -60,11 +60,18 @@ public:
     ExitStatus run(Console &console) const;
 
 private:
+    /// The files to check, and whether they are all that was asked for.
+    struct Files
+    {
+        QStringList names;
+        bool areAll = true;
+    };
+
     std::optional<ExitStatus> takeFormat(Console &console);
     std::optional<ExitStatus> takeDisabledRules(Console &console);
     ExitStatus explain(Console &console) const;
     ExitStatus check(Console &console) const;
-    std::optional<QStringList> files(Console &console) const;
+    Files files(Console &console) const;
     ExitStatus statusOf(const Reports &reports) const;
 
     const QCommandLineOption m_format;
@@ -163,20 +170,26 @@ ExitStatus CheckOptions::explain(Console &console) const
     return ExitStatus::Success;
 }
 
-std::optional<QStringList> CheckOptions::files(Console &console) const
+CheckOptions::Files CheckOptions::files(Console &console) const
 {
-    QStringList files;
+    Files files;
+    const auto complain = [&](const QString &path, const QString &problem) {
+        console.complain(QStringLiteral("%1: %2").arg(path, problem));
+        files.areAll = false;
+    };
     for (const auto &argument : m_commandLine.arguments()) {
         if (!QFileInfo(argument).isDir()) {
-            files.append(argument);
+            files.names.append(argument);
             continue;
         }
-        const QStringList found = templateFilesIn(argument);
-        if (found.isEmpty()) {
-            console.complain(QStringLiteral("%1: holds no *.xml file").arg(argument));
-            return std::nullopt;
+        const FolderContent content = contentOfFolder(argument);
+        for (const auto &folder : content.unreadableFolders) {
+            complain(folder, QStringLiteral("cannot be searched"));
         }
-        files.append(found);
+        if (content.templateFiles.isEmpty() && content.unreadableFolders.isEmpty()) {
+            complain(argument, QStringLiteral("holds no *.xml file"));
+        }
+        files.names.append(content.templateFiles);
     }
     return files;
 }
@@ -186,8 +199,8 @@ ExitStatus CheckOptions::check(Console &console) const
     if (m_commandLine.arguments().isEmpty()) {
         return m_commandLine.refuse(QStringLiteral("There is no file to check."), console);
     }
-    const auto fileNames = files(console);
-    if (!fileNames) {
+    const Files wanted = files(console);
+    if (wanted.names.isEmpty()) {
         return ExitStatus::WrongUsage;
     }
     QElapsedTimer timer;
@@ -198,7 +211,7 @@ ExitStatus CheckOptions::check(Console &console) const
             console.showProgress(QStringLiteral("checked %1 of %2 files").arg(done).arg(all));
         }
     };
-    const Reports reports = checkFiles(*fileNames, m_disabledRules, progress);
+    const Reports reports = checkFiles(wanted.names, m_disabledRules, progress);
     console.showProgress(QString());
     m_reportFormat->print(reports, console);
     for (const auto &report : reports) {
@@ -207,7 +220,7 @@ ExitStatus CheckOptions::check(Console &console) const
             console.complain(QStringLiteral("%1: %2").arg(name, report.problem));
         }
     }
-    return statusOf(reports);
+    return wanted.areAll ? statusOf(reports) : ExitStatus::WrongUsage;
 }
 
 ExitStatus CheckOptions::statusOf(const Reports &reports) const

@@ -6,6 +6,7 @@
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacyFields_p.h"
 #include "format_legacy/LegacyVocabulary_p.h"
+#include "loading/Limits_p.h"
 #include "rawdata/CColumnData.h"
 #include "rawdata/CTemplateDataConverter.h"
 
@@ -156,10 +157,11 @@ private:
     void readColumn(const XmlElement &section);
     void readListItem(const XmlElement &section);
     void readLegends(const XmlElement &section);
-    void beginLegend(const XmlElement &element, std::vector<BandModel> &legend);
+    std::vector<BandModel> &beginLegend(const XmlElement &element, int legend);
     void readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
                      SectionValues &captions);
     BandModel bandOf(const XmlElement &element);
+    int bandCount() const { return static_cast<int>(m_model.legends[0].size() + m_model.legends[1].size()); }
 
     template <typename Fields, typename KindOf>
     SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
@@ -182,6 +184,7 @@ private:
     TemplateModel m_model;
     ListsByName m_lists;
     QHash<QString, int> m_viewsById; // those that count
+    bool m_hasGroup[2] = {};         // of the legends
 };
 
 LegacyModelBuilder::LegacyModelBuilder(const XmlTree &document)
@@ -477,32 +480,41 @@ BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
 void LegacyModelBuilder::readLegends(const XmlElement &section)
 {
     std::vector<BandModel> *legend = &m_model.legends[0];
+    int lastPastLimit = -1;
     SectionValues captions(section.at());
     const auto readings = readSection(section, m_legendTokens, TextRule::EveryWithinElement);
     for (const auto &reading : readings) {
         switch (reading.token) {
         case Tokens::Section:
         case Tokens::Lateral:
-            legend = &m_model.legends[reading.token == Tokens::Section ? 0 : 1];
-            beginLegend(reading.element, *legend);
+            legend = &beginLegend(reading.element, reading.token == Tokens::Section ? 0 : 1);
             break;
         case Tokens::LegendClass:
             legend->push_back(bandOf(reading.element));
+            lastPastLimit = bandCount() == Limits::legendItems + 1 ? reading.element.at() : lastPastLimit;
             captions = SectionValues(section.at());
             break;
         default:
             readCaption(reading, *legend, captions);
         }
     }
+    // A group that begins anew takes back what it had before.
+    if (bandCount() > Limits::legendItems && m_model.bandTooManyAt < 0) {
+        m_model.bandTooManyAt = lastPastLimit;
+    }
 }
 
-void LegacyModelBuilder::beginLegend(const XmlElement &element, std::vector<BandModel> &legend)
+std::vector<BandModel> &LegacyModelBuilder::beginLegend(const XmlElement &element, int legend)
 {
-    if (!legend.empty()) {
+    std::vector<BandModel> &bands = m_model.legends[legend];
+    if (!bands.empty()) {
         m_model.lostLegends.push_back(
-            {element.at(), LostLegend::ClearedGroup, element.name(), static_cast<int>(legend.size())});
+            {element.at(), m_hasGroup[legend] ? LostLegend::ClearedGroup : LostLegend::ClearedClasses,
+             element.name(), static_cast<int>(bands.size())});
     }
-    legend.clear();
+    m_hasGroup[legend] = true;
+    bands.clear();
+    return bands;
 }
 
 void LegacyModelBuilder::readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,

@@ -1,6 +1,18 @@
 #include "tools/check/model/TemplateModel.h"
 
+#include "rawdata/SaturatedInt_p.h"
+
 namespace Tobrix::Tools {
+
+using namespace Templates;
+
+ColumnRange ColumnModel::range() const
+{
+    if (type == CTemplateColumn::Integer) {
+        return {static_cast<double>(toSaturatedInt(minimum)), static_cast<double>(toSaturatedInt(maximum))};
+    }
+    return {minimum, maximum};
+}
 
 void TemplateModel::makeIndex()
 {

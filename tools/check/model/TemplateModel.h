@@ -55,6 +55,15 @@ struct ViewModel
     bool isReplaced() const { return replacedBy >= 0; }
 };
 
+/// The limits of a column's values, as a host gets them.
+struct ColumnRange
+{
+    double minimum = 0.0;
+    double maximum = 0.0;
+
+    bool isEmpty() const { return minimum > maximum; }
+};
+
 struct ColumnModel
 {
     int at = 0;
@@ -101,6 +110,8 @@ struct ColumnModel
 
     /// Whether a host gets it.
     bool isBuilt() const { return type != Templates::CTemplateColumn::Unknown && !isExcluded && view >= 0; }
+    /// Its range, which a column for whole numbers has in whole numbers.
+    ColumnRange range() const;
     bool isNumeric() const
     {
         return type == Templates::CTemplateColumn::Integer || type == Templates::CTemplateColumn::Decimal;
@@ -162,10 +173,11 @@ struct OverwrittenElement
     QString name;
 };
 
-/// A caption of the legacy format that reaches no class, or a group that is cleared.
+/// A caption of the legacy format that reaches no class, or a group that is cleared by another one or by the
+/// first one behind it.
 struct LostLegend
 {
-    enum Kind { CaptionWithoutClass, ClearedGroup };
+    enum Kind { CaptionWithoutClass, ClearedGroup, ClearedClasses };
 
     int at = 0;
     Kind kind = CaptionWithoutClass;
@@ -220,6 +232,8 @@ struct TemplateModel
     std::vector<LostLegend> lostLegends;
     std::vector<UnreachableSection> unreachableSections;
     std::vector<int> itemsWithoutList;
+    int bandTooManyAt =
+        -1; ///< of a class past the limit for both legends; groups may take others back behind it
 
     /// To be called when the model is complete, before anything is looked up in it.
     void makeIndex();

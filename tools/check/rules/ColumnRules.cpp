@@ -7,7 +7,6 @@
 
 #include "format_current/CurrentFormatTables_p.h"
 #include "rawdata/ColumnTypeCodes_p.h"
-#include "rawdata/SaturatedInt_p.h"
 
 #include <QHash>
 #include <QSet>
@@ -46,12 +45,15 @@ QStringList dataTypeCodes(bool isCurrent)
     return names;
 }
 
-QStringList controlNames()
+const QStringList &controlNames()
 {
-    QStringList names;
-    for (const auto &row : controlTypeNames) {
-        names.append(row.name);
-    }
+    static const QStringList names = [] {
+        QStringList all;
+        for (const auto &row : controlTypeNames) {
+            all.append(row.name);
+        }
+        return all;
+    }();
     return names;
 }
 
@@ -173,10 +175,15 @@ void checkEmptyViews(const CheckedFile &file, Findings &findings)
         return; // where the columns belong is another rule's question
     }
     for (std::size_t i = 0; i < model.views.size(); ++i) {
-        if (!model.views[i].isReplaced() && model.columnsOf(i).empty()) {
-            findings.add(model.views[i].at,
-                         QStringLiteral("view %1 has no columns: the host shows an empty form")
-                             .arg(quoted(model.views[i].key.text)));
+        const auto columns = model.columnsOf(i);
+        const bool isEmpty = std::all_of(columns.begin(), columns.end(),
+                                         [](const ColumnModel *column) { return column->isExcluded; });
+        if (!model.views[i].isReplaced() && isEmpty) {
+            const QString fault = columns.empty()
+                                      ? QStringLiteral("has no columns")
+                                      : QStringLiteral("has only columns that are left out of every view");
+            findings.add(model.views[i].at, QStringLiteral("view %1 %2: the host shows an empty form")
+                                                .arg(quoted(model.views[i].key.text), fault));
         }
     }
 }
@@ -270,13 +277,11 @@ void checkSortOrders(const CheckedFile &file, Findings &findings)
 void checkEmptyRanges(const CheckedFile &file, Findings &findings)
 {
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
-        const bool isInteger = column.type == CTemplateColumn::Integer;
-        const bool isEmpty = isInteger ? toSaturatedInt(column.minimum) > toSaturatedInt(column.maximum)
-                                       : column.minimum > column.maximum;
-        if (column.isNumeric() && isEmpty) {
+        const ColumnRange range = column.range();
+        if (column.isNumeric() && range.isEmpty()) {
             findings.add(placeOf(column.rangeTo, column.rangeFrom.at),
                          QStringLiteral("no value is within the range of %1, from %2 to %3")
-                             .arg(nameOf(column), inWords(column.minimum), inWords(column.maximum)));
+                             .arg(nameOf(column), inWords(range.minimum), inWords(range.maximum)));
         }
     });
 }

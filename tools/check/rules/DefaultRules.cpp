@@ -2,6 +2,7 @@
 
 #include "tools/check/CheckedFile.h"
 #include "tools/check/rules/ControlTypes.h"
+#include "tools/check/rules/NumberTexts.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Wording.h"
 
@@ -11,6 +12,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace Tobrix::Tools {
@@ -107,6 +109,25 @@ std::optional<double> numberOf(const ColumnModel &column)
     return isNumber ? std::optional<double>(number) : std::nullopt;
 }
 
+/// Whether a default value is written as a number that its column's type does not have.
+bool isBeyondType(const ColumnModel &column)
+{
+    const QString &text = column.defaultValue.text;
+    return column.isNumeric() && !numberOf(column) &&
+           (column.type == CTemplateColumn::Integer ? isWholeNumberText(text) : isRealNumberText(text));
+}
+
+void addBeyondType(const ColumnModel &column, Findings &findings)
+{
+    const QString &text = column.defaultValue.text;
+    const bool isInteger = column.type == CTemplateColumn::Integer;
+    findings.add(column.defaultValue.at,
+                 QStringLiteral("default %1 of %2 does not fit into %3 bits: it becomes %4")
+                     .arg(quoted(text), nameOf(column))
+                     .arg(isInteger ? 32 : 64)
+                     .arg(inWords(isInteger ? 0.0 : text.toDouble())));
+}
+
 bool isTrueOrNone(const QString &text)
 {
     return text == QLatin1String("true") || text == QLatin1String("false") || text.isEmpty();
@@ -176,10 +197,20 @@ void checkOverwrittenDefaults(const CheckedFile &file, Findings &findings)
 void checkDefaultNumbers(const CheckedFile &file, Findings &findings)
 {
     forEachDefault(file, [&](const ColumnModel &column) {
-        if (column.isNumeric() && !numberOf(column)) {
+        if (!column.isNumeric() || isBeyondType(column)) {
+            return;
+        }
+        const auto number = numberOf(column);
+        if (!number) {
             findings.add(column.defaultValue.at,
                          QStringLiteral("default %1 of %2 is not a %3: it becomes 0")
                              .arg(quoted(column.defaultValue.text), nameOf(column), typeName(column.type)));
+        } else if (std::isnan(*number)) {
+            findings.add(
+                column.defaultValue.at,
+                QStringLiteral("default %1 of %2 is no number that could be compared with its range: "
+                               "new records start with it")
+                    .arg(quoted(column.defaultValue.text), nameOf(column)));
         }
     });
 }
@@ -187,13 +218,17 @@ void checkDefaultNumbers(const CheckedFile &file, Findings &findings)
 void checkDefaultRanges(const CheckedFile &file, Findings &findings)
 {
     forEachDefault(file, [&](const ColumnModel &column) {
+        if (isBeyondType(column)) {
+            addBeyondType(column, findings);
+            return;
+        }
         const auto number = column.isNumeric() ? numberOf(column) : std::nullopt;
-        const bool hasRange = column.minimum <= column.maximum;
-        if (number && hasRange && (*number < column.minimum || *number > column.maximum)) {
+        const ColumnRange range = column.range();
+        if (number && !range.isEmpty() && (*number < range.minimum || *number > range.maximum)) {
             findings.add(
                 column.defaultValue.at,
                 QStringLiteral("default %1 of %2 is not within its range, from %3 to %4")
-                    .arg(inWords(*number), nameOf(column), inWords(column.minimum), inWords(column.maximum)));
+                    .arg(inWords(*number), nameOf(column), inWords(range.minimum), inWords(range.maximum)));
         }
     });
 }
@@ -204,10 +239,9 @@ void checkDefaultLengths(const CheckedFile &file, Findings &findings)
         const int size = column.defaultValue.text.size();
         if (column.type == CTemplateColumn::Text && column.maximumLength > 0 && size > column.maximumLength) {
             findings.add(column.defaultValue.at,
-                         QStringLiteral("default %1 has %2 characters: %3 stores at most %4")
-                             .arg(quoted(column.defaultValue.text))
-                             .arg(size)
-                             .arg(nameOf(column))
+                         QStringLiteral("default %1 has %2: %3 stores at most %4")
+                             .arg(quoted(column.defaultValue.text), lengthInWords(column.defaultValue.text),
+                                  nameOf(column))
                              .arg(column.maximumLength));
         }
     });

@@ -2,9 +2,11 @@
 
 #include "tools/check/CheckedFile.h"
 #include "tools/check/model/LegacyTokens.h"
+#include "tools/check/rules/CurrentStructure.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Vocabulary.h"
 #include "tools/check/rules/Wording.h"
+#include "tools/text/DisplayText.h"
 
 #include "format_current/CurrentFormatTables_p.h"
 #include "format_legacy/CTemplateTokenizer.h"
@@ -49,44 +51,82 @@ bool hasAnyOf(const XmlTree &tree, const Names &names)
                        [&tree](QLatin1String name) { return tree.numberOf(name) >= 0; });
 }
 
-/// An element of the current format that is read in a container only.
-struct ContainedElement
-{
-    QLatin1String element;
-    QLatin1String container;
-};
-
-constexpr ContainedElement containedElements[] = {
-    {QLatin1String("Column"), QLatin1String("View")},
-    {QLatin1String("ValueListItem"), QLatin1String("ValueList")},
-    {QLatin1String("DefaultValueScope"), QLatin1String("DefaultValues")},
-    {QLatin1String("DefaultValueItem"), QLatin1String("DefaultValueScope")},
-    {QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColorScopes")},
-    {QLatin1String("ClassificationColor"), QLatin1String("ClassificationColorScope")},
-    {QLatin1String("ClassificationColorPreset"), QLatin1String("ClassificationColorPresets")},
-};
-
-bool isWithin(XmlElement element, QLatin1String container)
-{
-    for (element = element.parent(); !element.isNull(); element = element.parent()) {
-        if (element.hasName(container)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 void checkContainers(const XmlTree &tree, Findings &findings)
 {
-    for (const auto &row : containedElements) {
-        for (const auto &element : tree.all(row.element)) {
-            if (!isWithin(element, row.container)) {
+    for (const auto &row : currentStructure()) {
+        if (row.taken != Taken::Each || row.container.isEmpty()) {
+            continue;
+        }
+        for (const auto &element : tree.all(row.part)) {
+            if (nearestAround(element, row.container).isNull()) {
                 findings.add(element.at(),
                              QStringLiteral("<%1> outside of a <%2> is not read: what it describes is "
                                             "missing from the template")
-                                 .arg(row.element, row.container));
+                                 .arg(row.part, row.container));
             }
         }
+    }
+}
+
+/// What the parser says, and what it leaves to guess: what a file ends within that ends too early.
+QString explanationOf(const CheckedFile &file)
+{
+    const QString explanation = printable(file.verdict().explanation);
+    const XmlUnfinished &unfinished = file.tree().unfinished();
+    if (file.faultAt() < file.source().size() || unfinished.isNull()) {
+        return explanation;
+    }
+    return QStringLiteral("%1 within %2 of line %3")
+        .arg(explanation, unfinished.words)
+        .arg(file.lineOf(unfinished.at));
+}
+
+QString effectOfMalformation(const CheckedFile &file)
+{
+    if (!file.isCurrent()) {
+        return QStringLiteral("the host refuses the file");
+    }
+    const XmlElement root = file.tree().root();
+    return root.isNull() || root.at() >= file.faultAt()
+               ? QStringLiteral("the host gets an empty template")
+               : QStringLiteral("the host reads only the tags and texts that are whole up to here");
+}
+
+/// How much an element looks like the header's, most first.
+enum class Likeness { OfHeader, BesideHeader, InUnknownElement, OfOtherElement };
+
+Likeness likenessOf(const XmlElement &element, const XmlElement &identifier)
+{
+    for (XmlElement around = element.parent(); !around.isNull(); around = around.parent()) {
+        if (around == identifier) {
+            return Likeness::OfHeader;
+        }
+        if (isCurrentElement(around)) {
+            return Likeness::OfOtherElement;
+        }
+    }
+    const XmlElement parent = element.parent();
+    const bool isBeside = parent.parent().isNull() || parent.contains(identifier);
+    return isBeside ? Likeness::BesideHeader : Likeness::InUnknownElement;
+}
+
+/// Judges a name or a version of the template by all elements that it might be.
+void checkFirstElement(const CheckedFile &file, const std::vector<XmlElement> &elements,
+                       const XmlElement &identifier, Findings &findings)
+{
+    const XmlElement &read = elements.front();
+    const auto isMoreLikely = [&](const XmlElement &a, const XmlElement &b) {
+        return likenessOf(a, identifier) < likenessOf(b, identifier);
+    };
+    const XmlElement &meant = *std::min_element(elements.begin(), elements.end(), isMoreLikely);
+    if (likenessOf(meant, identifier) == Likeness::OfOtherElement) {
+        findings.add(read.at(), QStringLiteral("the header has no <%1>: the host takes this one, %2")
+                                    .arg(read.name(), quoted(read.text())));
+    } else if (!(read == meant)) {
+        findings.add(meant.at(), QStringLiteral("this is not the first <%1> of the file: the template gets "
+                                                "%2 from the one in line %3")
+                                     .arg(read.name(), quoted(read.text()))
+                                     .arg(file.lineOf(read.at())));
     }
 }
 
@@ -103,10 +143,9 @@ void checkWellFormed(const CheckedFile &file, Findings &findings)
     if (file.verdict().isWellFormed || !file.excess().isEmpty()) {
         return;
     }
-    const QString effect = file.isCurrent() ? QStringLiteral("the host reads only what stands before")
-                                            : QStringLiteral("the host refuses the file");
-    findings.add(file.faultAt(),
-                 QStringLiteral("not well-formed, %1: %2").arg(file.verdict().explanation, effect));
+    findings.add(
+        file.faultAt(),
+        QStringLiteral("not well-formed, %1: %2").arg(explanationOf(file), effectOfMalformation(file)));
 }
 
 void checkLimits(const CheckedFile &file, Findings &findings)
@@ -151,16 +190,11 @@ void checkRepeatedAttributes(const CheckedFile &file, Findings &findings)
     const XmlTree &tree = file.tree();
     for (const auto &node : tree.nodes()) {
         for (int i = 1; i < node.attributeCount; ++i) {
-            const XmlAttribute &later = tree.attribute(node.firstAttribute + i);
-            for (int j = 0; j < i; ++j) {
-                const XmlAttribute &earlier = tree.attribute(node.firstAttribute + j);
-                if (tree.nameOf(earlier) == tree.nameOf(later)) {
-                    findings.add(later.at,
-                                 QStringLiteral("%1 is given twice: %2 is dropped, %3 counts")
-                                     .arg(tree.nameOf(later).toString(), quoted(tree.valueOf(earlier)),
-                                          quoted(tree.valueOf(later))));
-                    break;
-                }
+            if (const XmlAttribute *earlier = tree.sameAttributeBefore(node, i)) {
+                const XmlAttribute &later = tree.attribute(node.firstAttribute + i);
+                findings.add(later.at, QStringLiteral("%1 is given twice: %2 is dropped, %3 counts")
+                                           .arg(tree.nameOf(later).toString(), quoted(tree.valueOf(*earlier)),
+                                                quoted(tree.valueOf(later))));
             }
         }
     }
@@ -266,32 +300,11 @@ void checkType(const CheckedFile &file, Findings &findings)
 
 void checkFirstElements(const CheckedFile &file, Findings &findings)
 {
+    const XmlElement identifier = file.tree().first(QLatin1String("TemplateIdentifier"));
     for (const auto name : {ElementName::Name, ElementName::Version}) {
-        const QLatin1String text = elementNames[static_cast<std::size_t>(name)].text;
-        const auto isOfHeader = [](XmlElement element) {
-            for (element = element.parent(); !element.isNull(); element = element.parent()) {
-                if (isCurrentElement(element) && !element.hasName(QLatin1String("TemplateIdentifier"))) {
-                    return false;
-                }
-            }
-            return true;
-        };
-        const auto elements = file.tree().all(text);
-        if (elements.empty() || isOfHeader(elements.front())) {
-            continue;
-        }
-        const auto meant = std::find_if(elements.begin(), elements.end(), isOfHeader);
-        const XmlElement &read = elements.front();
-        if (meant == elements.end()) {
-            findings.add(read.at(), QStringLiteral("this <%1> is the only one there is to be the template's: "
-                                                   "the host takes %2 from it")
-                                        .arg(text, quoted(read.text())));
-        } else {
-            findings.add(meant->at(),
-                         QStringLiteral("this is not the first <%1> of the file: the template gets "
-                                        "%2 from the one in line %3")
-                             .arg(text, quoted(read.text()))
-                             .arg(file.lineOf(read.at())));
+        const auto elements = file.tree().all(elementNames[static_cast<std::size_t>(name)].text);
+        if (!elements.empty()) {
+            checkFirstElement(file, elements, identifier, findings);
         }
     }
 }

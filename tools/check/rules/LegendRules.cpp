@@ -50,6 +50,21 @@ QString rangeOf(const BandModel &band)
     return QStringLiteral("%1 to %2").arg(inWords(band.lower), inWords(band.upper));
 }
 
+QString faultOf(const LostLegend &lost)
+{
+    const QString classes = counted(lost.count, QStringLiteral("class"), QStringLiteral("classes"));
+    switch (lost.kind) {
+    case LostLegend::ClearedGroup:
+        return QStringLiteral("a second <%1>: it drops what the first has, %2").arg(lost.name, classes);
+    case LostLegend::ClearedClasses:
+        return QStringLiteral("<%1> drops what stands before it outside of any group, %2")
+            .arg(lost.name, classes);
+    case LostLegend::CaptionWithoutClass:
+        break;
+    }
+    return QStringLiteral("<%1> stands before any class of its legend: it is lost").arg(lost.name);
+}
+
 bool isWhole(double number)
 {
     return std::trunc(number) == number;
@@ -179,12 +194,7 @@ void checkColours(const CheckedFile &file, Findings &findings)
 void checkLostLegends(const CheckedFile &file, Findings &findings)
 {
     for (const auto &lost : file.model().lostLegends) {
-        const QString fault =
-            lost.kind == LostLegend::ClearedGroup
-                ? QStringLiteral("a second <%1>: it drops what the first has, %2")
-                      .arg(lost.name, counted(lost.count, QStringLiteral("class"), QStringLiteral("classes")))
-                : QStringLiteral("<%1> stands before any class of its legend: it is lost").arg(lost.name);
-        findings.add(lost.at, fault);
+        findings.add(lost.at, faultOf(lost));
     }
 }
 

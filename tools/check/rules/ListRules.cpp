@@ -110,13 +110,11 @@ void checkItemLengths(const CheckedFile &file, Findings &findings)
         }
         for (const auto &item : list.items) {
             if (item.item.text.size() > shortest->maximumLength) {
-                findings.add(item.item.at,
-                             QStringLiteral("item %1 has %2 characters: %3 in line %4 stores at most %5")
-                                 .arg(quoted(item.item.text))
-                                 .arg(item.item.text.size())
-                                 .arg(nameOf(*shortest))
-                                 .arg(file.lineOf(shortest->at))
-                                 .arg(shortest->maximumLength));
+                findings.add(item.item.at, QStringLiteral("item %1 has %2: %3 in line %4 stores at most %5")
+                                               .arg(quoted(item.item.text), lengthInWords(item.item.text),
+                                                    nameOf(*shortest))
+                                               .arg(file.lineOf(shortest->at))
+                                               .arg(shortest->maximumLength));
             }
         }
     }

@@ -2,6 +2,7 @@
 
 #include "tools/check/CheckedFile.h"
 #include "tools/check/model/LegacyTokens.h"
+#include "tools/check/rules/CurrentStructure.h"
 #include "tools/check/rules/DocumentRules.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Vocabulary.h"
@@ -18,14 +19,6 @@
 namespace Tobrix::Tools {
 
 namespace {
-
-bool holdsKnownElements(const XmlElement &element)
-{
-    const auto children = element.children();
-    return std::any_of(children.begin(), children.end(), [](const XmlElement &child) {
-        return isCurrentElement(child) || holdsKnownElements(child);
-    });
-}
 
 /// Whether an element's name looks like that of a container: Columns, Views, Texts.
 bool isPlural(const XmlElement &element)
@@ -50,27 +43,61 @@ bool isText(const XmlElement &element)
                        [&element](QLatin1String name) { return element.hasName(name); });
 }
 
-/// The unknown elements of the current format. It finds its own at any depth, so that containers of any name
-/// may hold them.
-void checkCurrentElementNames(const XmlElement &element, NearestNames &names, Findings &findings)
+/// The unknown elements of the current format. The host finds its own at any depth, so that containers of any
+/// name may hold them.
+class CurrentElementNames
 {
-    for (const auto &child : element.children()) {
-        if (isCurrentElement(child)) {
-            if (!isText(child)) {
-                checkCurrentElementNames(child, names, findings);
+public:
+    CurrentElementNames(const XmlTree &document, Findings &findings)
+        : m_findings(findings), m_placed(document)
+    {
+    }
+
+    void checkWithin(const XmlElement &element)
+    {
+        for (const auto &child : element.children()) {
+            if (!isCurrentElement(child)) {
+                check(child);
+            } else if (!m_placed.contain(child)) {
+                checkMisplaced(child);
+            } else if (!isText(child)) {
+                checkWithin(child);
             }
-            continue;
-        }
-        const QString nearest = names.of(child.name());
-        const bool isContainer = (nearest.isEmpty() || isPlural(child)) && holdsKnownElements(child);
-        if (!isContainer) {
-            addUnknownElement(child, nearest, findings);
-        }
-        if (isContainer || !nearest.isEmpty()) {
-            checkCurrentElementNames(child, names, findings);
         }
     }
-}
+
+private:
+    void check(const XmlElement &element)
+    {
+        const QString nearest = m_names.of(element.name());
+        const bool isContainer = (nearest.isEmpty() || isPlural(element)) && m_placed.areWithin(element);
+        if (!isContainer) {
+            addUnknownElement(element, nearest, m_findings);
+        }
+        if (m_placed.areWithin(element)) {
+            checkWithin(element);
+        }
+    }
+
+    /// A note, since other things may have parts as columns have them.
+    void checkMisplaced(const XmlElement &element)
+    {
+        // Names and versions may be those of anything; group levels have a rule of their own.
+        constexpr QLatin1String others[] = {QLatin1String("Name"), QLatin1String("Version"),
+                                            QLatin1String("GroupLevel")};
+        const QString name = element.name();
+        if (std::none_of(std::begin(others), std::end(others),
+                         [&name](QLatin1String other) { return name == other; })) {
+            m_findings.add(Severity::Note, element.at(),
+                           QStringLiteral("<%1> is read in <%2> only: here it is ignored")
+                               .arg(name, containersOf(name).join(QStringLiteral(">, <"))));
+        }
+    }
+
+    Findings &m_findings;
+    NearestNames m_names{currentElementNames()};
+    const PlacedElements m_placed;
+};
 
 class LegacyElementNames
 {
@@ -155,10 +182,10 @@ private:
     QHash<QString, NearestNames> m_names;
 };
 
-bool isOfXmlItself(const QString &attribute)
+/// Whether an attribute is of XML itself or, as the reference to a schema is, of another vocabulary.
+bool isOfOthers(const QString &attribute)
 {
-    return attribute == QLatin1String("xmlns") || attribute.startsWith(QLatin1String("xmlns:")) ||
-           attribute.startsWith(QLatin1String("xml:"));
+    return attribute == QLatin1String("xmlns") || attribute.contains(QLatin1Char(':'));
 }
 
 /// Elements of the current format that may have any attribute: the levels that a rule of their own looks at,
@@ -168,64 +195,34 @@ bool hasAttributesOfItsOwn(const QString &element)
     return element == QLatin1String("GroupLevel") || element == QLatin1String("TextItem");
 }
 
-void checkAttributes(const XmlElement &element, const QStringList &known, Findings &findings)
+/// What may stand in an element: the attributes that the host reads, and the elements within.
+struct ElementVocabulary
+{
+    QStringList (*attributesOf)(const QString &element);
+    QStringList (*partsOf)(const QString &element);
+};
+
+void checkAttributes(const XmlElement &element, const QStringList &known, const ElementVocabulary &vocabulary,
+                     Findings &findings)
 {
     for (const XmlAttribute *attribute : element.attributes()) {
         const QString name = element.tree().nameOf(*attribute).toString();
-        if (known.contains(name) || isOfXmlItself(name)) {
+        if (known.contains(name) || isOfOthers(name)) {
             continue;
         }
-        const QString nearest = nearestOf(name, known);
+        const bool isPart = vocabulary.partsOf(element.name()).contains(name);
+        const QString nearest = isPart ? QString() : nearestOf(name, known);
+        const QString hint =
+            isPart ? QStringLiteral("; write it as an element, <%1>").arg(name) : suggestion(nearest);
         findings.add(
-            nearest.isEmpty() ? Severity::Note : Severity::Warning, attribute->at,
+            isPart || !nearest.isEmpty() ? Severity::Warning : Severity::Note, attribute->at,
             QStringLiteral("%1 means nothing to the host on <%2>: it is not read").arg(name, element.name()) +
-                suggestion(nearest));
+                hint);
     }
-}
-
-/// An element of the current format of which a container has one, the first.
-struct SinglePart
-{
-    QLatin1String container; // none for the whole document
-    QLatin1String part;
-};
-
-constexpr SinglePart singleParts[] = {
-    {QLatin1String(), QLatin1String("TemplateIdentifier")},
-    {QLatin1String(), QLatin1String("ClassificationColorPresets")},
-    {QLatin1String(), QLatin1String("AssignedCatalogs")},
-    {QLatin1String(), QLatin1String("DefaultValues")},
-    {QLatin1String(), QLatin1String("ClassificationColorScopes")},
-    {QLatin1String("TemplateIdentifier"), QLatin1String("Name")},
-    {QLatin1String("TemplateIdentifier"), QLatin1String("Version")},
-    {QLatin1String("Column"), QLatin1String("BoundProperty")},
-    {QLatin1String("Column"), QLatin1String("Caption")},
-    {QLatin1String("Column"), QLatin1String("ToolTip")},
-    {QLatin1String("Column"), QLatin1String("VisibilityRestriction")},
-    {QLatin1String("Column"), QLatin1String("TextLengthRestriction")},
-    {QLatin1String("Column"), QLatin1String("NumericRangeRestriction")},
-    {QLatin1String("Column"), QLatin1String("ValueListName")},
-    {QLatin1String("Column"), QLatin1String("DisplayFormat")},
-    {QLatin1String("VisibilityRestriction"), QLatin1String("GroupLevel")},
-    {QLatin1String("BoundProperty"), QLatin1String("RefersTo")},
-    {QLatin1String("ValueListItem"), QLatin1String("Captions")},
-    {QLatin1String("DefaultValueItem"), QLatin1String("BoundProperty")},
-    {QLatin1String("ClassificationColor"), QLatin1String("Color")},
-    {QLatin1String("ClassificationColor"), QLatin1String("TextA")},
-    {QLatin1String("ClassificationColor"), QLatin1String("TextB")},
-};
-
-XmlElement nearestAround(const XmlElement &element, QLatin1String name)
-{
-    XmlElement around = element.parent();
-    while (!around.isNull() && !around.hasName(name)) {
-        around = around.parent();
-    }
-    return around;
 }
 
 /// Finds parts that stand where the same container has one already.
-void checkSinglePart(const CheckedFile &file, const SinglePart &row, Findings &findings)
+void checkSinglePart(const CheckedFile &file, const StructureRow &row, Findings &findings)
 {
     QHash<int, int> firstOfContainer;
     for (const auto &part : file.tree().all(row.part)) {
@@ -266,8 +263,7 @@ void checkElementNames(const CheckedFile &file, Findings &findings)
 {
     const XmlElement root = file.tree().root();
     if (file.isCurrent()) {
-        NearestNames names(currentElementNames());
-        checkCurrentElementNames(root, names, findings);
+        CurrentElementNames(file.tree(), findings).checkWithin(root);
         return;
     }
     const int token = templateTokenOf(root);
@@ -281,27 +277,37 @@ void checkElementNames(const CheckedFile &file, Findings &findings)
 void checkAttributeNames(const CheckedFile &file, Findings &findings)
 {
     const XmlTree &tree = file.tree();
+    const ElementVocabulary vocabulary = file.isCurrent()
+                                             ? ElementVocabulary{currentAttributeNames, partsOf}
+                                             : ElementVocabulary{legacyAttributeNames, legacyElementNames};
+    const auto isJudged = [&file](const XmlElement &element) {
+        return file.isCurrent() ? isCurrentElement(element) && !hasAttributesOfItsOwn(element.name())
+                                : isSectionOrPart(element.name());
+    };
+    QHash<int, QStringList> known; // by the numbers of elements' names
     for (int i = 0; i < tree.size(); ++i) {
         if (tree.node(i).kind != XmlNode::Element || tree.node(i).attributeCount == 0) {
             continue;
         }
         const XmlElement element(tree, i);
-        const QString name = element.name();
-        if (!file.isCurrent()) {
-            if (!legacySectionOf(name).isEmpty()) {
-                checkAttributes(element, legacyAttributeNames(name), findings);
-            }
-        } else if (isCurrentElement(element) && !hasAttributesOfItsOwn(name)) {
-            checkAttributes(element, currentAttributeNames(name), findings);
+        if (!isJudged(element)) {
+            continue;
         }
+        auto names = known.find(element.nameNumber());
+        if (names == known.end()) {
+            names = known.insert(element.nameNumber(), vocabulary.attributesOf(element.name()));
+        }
+        checkAttributes(element, *names, vocabulary, findings);
     }
 }
 
 void checkRepeatedElements(const CheckedFile &file, Findings &findings)
 {
     if (file.isCurrent()) {
-        for (const auto &row : singleParts) {
-            checkSinglePart(file, row, findings);
+        for (const auto &row : currentStructure()) {
+            if (row.taken == Taken::First) {
+                checkSinglePart(file, row, findings);
+            }
         }
         return;
     }

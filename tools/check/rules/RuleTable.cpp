@@ -20,8 +20,9 @@ const std::vector<Rule> &allRules()
     {"xml-malformed", Severity::Error, Formats::Both, checkWellFormed,
      "the file is not well-formed XML",
      "The parser of the file's format stops at the fault. Of a file of the current format the host "
-     "gets what stands before it, without a word about the rest. A file of the legacy format is "
-     "refused. No other rule looks at such a file: mend this first.",
+     "gets the tags and texts that are whole up to there, without a word about the rest. A file of the "
+     "legacy format is refused. A file that was cut off is at fault where it ends. No other rule looks at "
+     "such a file: mend this first.",
      "<Caption><TextItem>Pipe & fittings</TextItem></Caption>",
      "<Caption><TextItem>Pipe &amp; fittings</TextItem></Caption>", true},
     {"limit-exceeded", Severity::Error, Formats::Both, checkLimits,
@@ -82,21 +83,23 @@ const std::vector<Rule> &allRules()
      "Names are compared exactly, and an element of another name is not read. It is a warning when "
      "the name is near a known one, or known in another section only; else a note, since a host may "
      "keep data of its own in a template. In the current format an unknown element around known ones "
-     "is no finding, since these are found at any depth, unless its name is near a known one.",
+     "that are read there is no finding, since these are found at any depth, unless its name is near a "
+     "known one; a known one where the host does not look for it, as a Caption in a View, is a note.",
      "<ToolTips><TextItem>Inner diameter</TextItem></ToolTips>",
      "<ToolTip><TextItem>Inner diameter</TextItem></ToolTip>"},
     {"unknown-attribute", Severity::Warning, Formats::Both, checkAttributeNames,
      "an attribute means nothing to the host",
      "Names are compared exactly, and an attribute of another name is not read. It is a warning when "
-     "the name is near a known one of its element, else a note. In the legacy format only class has "
-     "attributes. A TextItem may have any: texts in several languages need one.",
+     "the name is near a known one of its element, or when the element has a part of that name, else a note. In the legacy format only "
+     "class has attributes. Those of other vocabularies (xml:lang, xsi:schemaLocation) are no finding. A "
+     "TextItem may have any: texts in several languages need one.",
      "<Column Datatype=\"Text\"/>",
      "<Column DataType=\"Text\"/>"},
     {"element-not-first", Severity::Warning, Formats::Current, checkFirstElements,
      "the name or version of the template is read from elsewhere",
      "The host takes the first Name and the first Version of the whole document for the template's, "
-     "wherever they stand. A Name within a view that comes earlier, for example, becomes the key of "
-     "the template. Put the header before everything else.",
+     "wherever they stand. A Name within a view that comes earlier, or within an element that the host "
+     "does not know, becomes the key of the template. Put the header before everything else.",
      "<View><Name>Form</Name></View> ... <TemplateIdentifier "
      "Id=\"SEW\"><Name>Sewer</Name></TemplateIdentifier>",
      "<TemplateIdentifier Id=\"SEW\"><Name>Sewer</Name></TemplateIdentifier> ... <View Name=\"Form\"/>"},
@@ -228,8 +231,9 @@ const std::vector<Rule> &allRules()
      "<View Id=\"V1\" Name=\"Form\"/><View Id=\"V2\" Name=\"Grid\"/>"},
     {"view-empty", Severity::Warning, Formats::Both, checkEmptyViews,
      "a view has no columns",
-     "The host gets the view and shows an empty form. In the legacy format columns come to a view by "
-     "COL_ProgView_FK, which has to be the view's id.",
+     "The host gets the view and shows an empty form. In the current format some fields of sections and "
+     "nodes are left out of every view (column-excluded): a view of nothing else is empty. In the legacy "
+     "format columns come to a view by COL_ProgView_FK, which has to be the view's id.",
      "<View Id=\"V1\" Name=\"Form\"/>",
      "<View Id=\"V1\" Name=\"Form\"><Column>...</Column></View>"},
     {"column-duplicate-binding", Severity::Warning, Formats::Both, checkDuplicateBindings,
@@ -360,17 +364,21 @@ const std::vector<Rule> &allRules()
      "<DefaultValueItem View=\"Form\" Value=\"2\">...</DefaultValueItem>"},
     {"default-not-a-number", Severity::Error, Formats::Both, checkDefaultNumbers,
      "the default value of a number is none",
-     "A default that does not convert becomes 0, and new records start with that.",
+     "A default that does not convert becomes 0, and new records start with that. The text \"nan\" does "
+     "convert in a column for decimal numbers, to something that is in no range and equals nothing.",
      "<COL_DataType>INT</COL_DataType><COL_Default>ten</COL_Default>",
      "<COL_DataType>INT</COL_DataType><COL_Default>10</COL_Default>"},
     {"default-out-of-range", Severity::Warning, Formats::Both, checkDefaultRanges,
      "a default value is not within its column's range",
-     "New records start with a value that the editor would not accept.",
+     "New records start with a value that the editor would not accept. A number that does not even fit "
+     "into the column's type becomes 0 where numbers are whole, and infinite (or 0, when it is tiny) "
+     "where they are decimal.",
      "<COL_RangeTo>10</COL_RangeTo><COL_Default>50</COL_Default>",
      "<COL_RangeTo>100</COL_RangeTo><COL_Default>50</COL_Default>"},
     {"default-too-long", Severity::Warning, Formats::Both, checkDefaultLengths,
      "a default value is longer than its column",
-     "New records start with a text that the column cannot store.",
+     "New records start with a text that the column cannot store. A length counts what QString counts: "
+     "a character outside of the basic plane, such as an emoji, counts twice.",
      "<COL_Length>4</COL_Length><COL_Default>UNKNOWN</COL_Default>",
      "<COL_Length>10</COL_Length><COL_Default>UNKNOWN</COL_Default>"},
     {"default-ignored", Severity::Warning, Formats::Both, checkIgnoredDefaults,
@@ -404,7 +412,8 @@ const std::vector<Rule> &allRules()
      "<ValueListItem Key=\"PVC\"/><ValueListItem Key=\"PP\"/>"},
     {"list-item-too-long", Severity::Warning, Formats::Both, checkItemLengths,
      "an item is longer than a column that uses its list",
-     "The host offers a value that the column cannot store.",
+     "The host offers a value that the column cannot store. A length counts what QString counts: a "
+     "character outside of the basic plane, such as an emoji, counts twice.",
      "<LIST_Item>CONCRETE</LIST_Item> for a column with <COL_Length>4</COL_Length>",
      "<LIST_Item>CONC</LIST_Item>"},
     {"list-order-lost", Severity::Warning, Formats::Both, checkListOrder,
@@ -460,7 +469,9 @@ const std::vector<Rule> &allRules()
     {"legend-text-lost", Severity::Warning, Formats::Legacy, checkLostLegends,
      "a caption or a class of a legend is lost",
      "A caption (legendA, legendB) goes to the last class before its end; one before any class goes "
-     "nowhere. A second Section or Lateral drops the classes of the first.",
+     "nowhere. A class outside of any group goes to the group before it, and to Section where there is "
+     "none. A second Section or Lateral drops the classes of the first, and a first one those that stand "
+     "before it.",
      "<Section><legendA>Good</legendA><class id=\"C1\"/></Section>",
      "<Section><class id=\"C1\"><legendA>Good</legendA></class></Section>"},
     {"preset-incomplete", Severity::Note, Formats::Current, checkPresets,

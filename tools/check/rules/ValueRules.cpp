@@ -1,12 +1,11 @@
 #include "tools/check/rules/ValueRules.h"
 
 #include "tools/check/CheckedFile.h"
+#include "tools/check/rules/NumberTexts.h"
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Wording.h"
 
 #include "rawdata/SaturatedInt_p.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -17,12 +16,6 @@ namespace Tobrix::Tools {
 using namespace Templates;
 
 namespace {
-
-bool isWholeNumber(const QString &text)
-{
-    static const QRegularExpression wholeNumber(QStringLiteral("^\\s*[+-]?[0-9]+\\s*$"));
-    return wholeNumber.match(text).hasMatch();
-}
 
 bool isReal(ValueKind kind)
 {
@@ -51,7 +44,7 @@ QString faultOfNumber(const ReadValue &read)
                                       : QString();
     }
     if (read.kind == ValueKind::Integer) {
-        return convertsToInteger(text) || isWholeNumber(text)
+        return convertsToInteger(text) || isWholeNumberText(text)
                    ? QString()
                    : QStringLiteral("%1 %2 is not a whole number: it reads as 0")
                          .arg(read.name, quoted(text));
@@ -59,8 +52,10 @@ QString faultOfNumber(const ReadValue &read)
     bool isConverted = false;
     const double number = text.toDouble(&isConverted);
     if (!isConverted) {
-        return QStringLiteral("%1 %2 is not a number: it reads as %3")
-            .arg(read.name, quoted(text), inWords(number));
+        const QString fault = isRealNumberText(text) ? QStringLiteral("too large or too small")
+                                                     : QStringLiteral("not a number");
+        return QStringLiteral("%1 %2 is %3: it reads as %4")
+            .arg(read.name, quoted(text), fault, inWords(number));
     }
     return std::isnan(number) ? QStringLiteral("%1 %2 is no number that a value could be compared with")
                                     .arg(read.name, quoted(text))
@@ -129,7 +124,7 @@ void checkNumberRanges(const CheckedFile &file, Findings &findings)
 {
     for (const auto &read : file.model().values) {
         const QString &text = read.value.text;
-        if (read.kind == ValueKind::Integer && !convertsToInteger(text) && isWholeNumber(text)) {
+        if (read.kind == ValueKind::Integer && !convertsToInteger(text) && isWholeNumberText(text)) {
             findings.add(read.value.at, QStringLiteral("%1 %2 does not fit into 32 bits: it reads as 0")
                                             .arg(read.name, quoted(text)));
         } else if (read.kind == ValueKind::WholeOfReal) {

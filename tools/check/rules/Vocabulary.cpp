@@ -82,6 +82,11 @@ QString legacySectionOf(const QString &elementName)
     return QString();
 }
 
+bool isSectionOrPart(const QString &elementName)
+{
+    return legacySections().contains(elementName) || !legacySectionOf(elementName).isEmpty();
+}
+
 QStringList legacyAttributeNames(const QString &elementName)
 {
     if (elementName != QLatin1String("class")) {

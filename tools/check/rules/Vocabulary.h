@@ -23,6 +23,10 @@ QStringList legacyElementNames(const QString &section);
 /// The section that an element of the legacy format belongs in; empty for a name that it does not have.
 QString legacySectionOf(const QString &elementName);
 
+/// Whether an element of a name is a section of the legacy format, or a part of one. Containers are neither:
+/// what a template's root may have besides is anybody's.
+bool isSectionOrPart(const QString &elementName);
+
 /// The attributes of an element of the legacy format that are read.
 QStringList legacyAttributeNames(const QString &elementName);
 

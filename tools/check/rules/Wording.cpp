@@ -62,6 +62,14 @@ QString inWords(double number)
     return numberText(number);
 }
 
+QString lengthInWords(const QString &text)
+{
+    const int characters = text.toUcs4().size();
+    const QString words = counted(characters, QStringLiteral("character"), QStringLiteral("characters"));
+    return characters == text.size() ? words
+                                     : QStringLiteral("%1, which count as %2").arg(words).arg(text.size());
+}
+
 QString nameOf(const ColumnModel &column)
 {
     const QString caption = column.caption.text.trimmed();

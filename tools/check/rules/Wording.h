@@ -16,6 +16,10 @@ QString quoted(const QString &text);
 /// A number in a sentence, without needless digits.
 QString inWords(double number);
 
+/// The length of a text in a sentence: its characters, and what they count as for the host where that
+/// differs, which counts those outside of the basic plane twice.
+QString lengthInWords(const QString &text);
+
 /// A column in a sentence: its caption, or what it is bound to.
 QString nameOf(const ColumnModel &column);
 

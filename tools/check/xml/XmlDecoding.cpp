@@ -42,18 +42,46 @@ QByteArray declaredEncoding(const QByteArray &bytes)
     return encoding.match(QString::fromLatin1(declaration)).captured(1).toLatin1();
 }
 
-} // namespace
-
-QString decodedXml(const QByteArray &bytes)
+const QTextCodec &codecOf(const QByteArray &bytes)
 {
     const QTextCodec *codec = QTextCodec::codecForUtfText(bytes, nullptr);
     if (!codec) {
         codec = QTextCodec::codecForName(declaredEncoding(bytes));
     }
-    if (!codec) {
-        codec = QTextCodec::codecForName(wideEncoding(bytes));
+    return codec ? *codec : *QTextCodec::codecForName(wideEncoding(bytes));
+}
+
+/// The text of a file's first bytes, as far as they make whole characters.
+struct Beginning
+{
+    Beginning(const QTextCodec &codec, const QByteArray &bytes, int size)
+        : text(codec.toUnicode(bytes.constData(), size, &state))
+    {
     }
-    return std::unique_ptr<QTextDecoder>(codec->makeDecoder())->toUnicode(bytes);
+
+    bool isSound() const { return state.invalidChars == 0; }
+
+    QTextCodec::ConverterState state;
+    QString text;
+};
+
+} // namespace
+
+QString decodedXml(const QByteArray &bytes)
+{
+    return std::unique_ptr<QTextDecoder>(codecOf(bytes).makeDecoder())->toUnicode(bytes);
+}
+
+int undecodableAt(const QByteArray &bytes)
+{
+    const QTextCodec &codec = codecOf(bytes);
+    int sound = 0;
+    int unsound = bytes.size() + 1;
+    while (unsound - sound > 1) {
+        const int middle = sound + (unsound - sound) / 2;
+        (Beginning(codec, bytes, middle).isSound() ? sound : unsound) = middle;
+    }
+    return Beginning(codec, bytes, sound).text.size();
 }
 
 } // namespace Tobrix::Tools

@@ -9,4 +9,8 @@ namespace Tobrix::Tools {
 /// name none. A byte-order mark is no part of it.
 QString decodedXml(const QByteArray &bytes);
 
+/// The place in that text of the first bytes that stand for no character in its encoding; its end when all
+/// stand for one.
+int undecodableAt(const QByteArray &bytes);
+
 } // namespace Tobrix::Tools

@@ -12,10 +12,31 @@ bool isSpace(QChar c)
            c == QLatin1Char('\r');
 }
 
+bool beginsName(QChar c)
+{
+    return c.isLetter() || c.isSurrogate() || c == QLatin1Char('_') || c == QLatin1Char(':');
+}
+
 bool endsName(QChar c)
 {
+    if (c > QLatin1Char('>')) {
+        return false; // as nearly all are
+    }
     return isSpace(c) || c == QLatin1Char('>') || c == QLatin1Char('/') || c == QLatin1Char('=') ||
            c == QLatin1Char('<') || c == QLatin1Char('"') || c == QLatin1Char('\'');
+}
+
+/// What something without an end is, in words.
+QString wordsFor(XmlNode::Kind kind)
+{
+    switch (kind) {
+    case XmlNode::Comment:
+        return QStringLiteral("a comment");
+    case XmlNode::CData:
+        return QStringLiteral("a CDATA section");
+    default:
+        return QStringLiteral("an instruction");
+    }
 }
 
 QStringView withoutPrefix(QStringView name)
@@ -37,11 +58,14 @@ void XmlScanner::scan()
             scanMarkup();
         }
     }
-    if (!m_open.empty()) {
-        breakAt(m_tree.node(m_open.back()).at);
-    }
+    breakIf(!m_open.empty() || m_tree.m_nodes.empty(), m_size);
     for (const int open : m_open) {
-        m_tree.m_nodes[static_cast<std::size_t>(open)].end = m_tree.size();
+        XmlNode &element = m_tree.m_nodes[static_cast<std::size_t>(open)];
+        element.end = m_tree.size();
+    }
+    if (m_tree.m_unfinished.isNull() && !m_open.empty()) {
+        const XmlElement innermost(m_tree, m_open.back());
+        m_tree.m_unfinished = {QStringLiteral("<%1>").arg(innermost.name()), innermost.at()};
     }
 }
 
@@ -54,24 +78,37 @@ void XmlScanner::scanText(int end)
         text.contentAt = m_at;
         text.contentSize = end - m_at;
         push(text);
+    } else if (const int stray = strayTextBefore(end); stray < end) {
+        breakIf(true, stray);
     }
     m_at = end;
 }
 
+int XmlScanner::strayTextBefore(int end) const
+{
+    int at = m_open.empty() ? m_at : end;
+    while (at < end && isSpace(m_source.at(at))) {
+        ++at;
+    }
+    return at;
+}
+
 void XmlScanner::scanMarkup()
 {
-    if (isHere(QLatin1String("<!--"))) {
+    const QChar second = m_at + 1 < m_size ? m_source.at(m_at + 1) : QChar();
+    if (second == QLatin1Char('/')) {
+        scanEndTag();
+    } else if (second == QLatin1Char('?')) {
+        breakIf(m_at > 0 && isHere(QLatin1String("<?xml ")), m_at);
+        scanTo(QLatin1String("?>"), XmlNode::Instruction, 2);
+    } else if (second != QLatin1Char('!')) {
+        scanStartTag();
+    } else if (isHere(QLatin1String("<!--"))) {
         scanTo(QLatin1String("-->"), XmlNode::Comment, 4);
     } else if (isHere(QLatin1String("<![CDATA["))) {
         scanTo(QLatin1String("]]>"), XmlNode::CData, 9);
-    } else if (isHere(QLatin1String("<?"))) {
-        scanTo(QLatin1String("?>"), XmlNode::Instruction, 2);
-    } else if (isHere(QLatin1String("<!"))) {
-        scanDocumentType();
-    } else if (isHere(QLatin1String("</"))) {
-        scanEndTag();
     } else {
-        scanStartTag();
+        scanDocumentType();
     }
 }
 
@@ -84,7 +121,12 @@ void XmlScanner::scanTo(QLatin1String terminator, XmlNode::Kind kind, int openin
     const int found = m_source.indexOf(terminator, node.contentAt);
     const int end = found < 0 ? m_size : found;
     if (found < 0) {
-        breakAt(m_at);
+        m_tree.m_unfinished = {wordsFor(kind), m_at};
+        breakIf(true, m_size);
+    }
+    if (kind == XmlNode::Comment) {
+        const int dashes = m_source.indexOf(QLatin1String("--"), node.contentAt);
+        breakIf(dashes >= 0 && dashes < end, dashes);
     }
     node.contentSize = qMax(0, end - node.contentAt);
     if (!m_open.empty()) {
@@ -95,8 +137,10 @@ void XmlScanner::scanTo(QLatin1String terminator, XmlNode::Kind kind, int openin
 
 void XmlScanner::scanStartTag()
 {
+    breakIf(m_open.empty() && !m_tree.m_nodes.empty(), m_at); // a second root
     XmlNode element;
     element.at = m_at++;
+    breakIf(m_at < m_size && !beginsName(here()), element.at);
     element.contentAt = m_at;
     QStringView name = takeName();
     if (m_tree.m_flavour == XmlFlavour::Stream) {
@@ -129,12 +173,14 @@ void XmlScanner::scanAttributes()
         attribute.nameSize = static_cast<int>(takeName().size());
         skipSpace();
         if (attribute.nameSize == 0 || here() != QLatin1Char('=')) {
+            breakIf(m_at < m_size && attribute.nameSize > 0, attribute.at);
             return;
         }
         ++m_at;
         skipSpace();
         const QChar quote = here();
         if (quote != QLatin1Char('"') && quote != QLatin1Char('\'')) {
+            breakIf(m_at < m_size, attribute.at);
             return;
         }
         attribute.valueAt = m_at + 1;
@@ -155,14 +201,13 @@ void XmlScanner::scanEndTag()
     }
     const int end = m_source.indexOf(QLatin1Char('>'), m_at);
     m_at = end < 0 ? m_size : end + 1;
+    breakIf(end < 0, m_size);
+    breakIf(m_open.empty(), at);
     if (m_open.empty()) {
-        breakAt(at);
         return;
     }
     XmlNode &element = m_tree.m_nodes[static_cast<std::size_t>(m_open.back())];
-    if (QStringView(m_source).mid(element.contentAt, element.contentSize) != name) {
-        breakAt(at);
-    }
+    breakIf(QStringView(m_source).mid(element.contentAt, element.contentSize) != name, at);
     element.end = m_tree.size();
     m_open.pop_back();
 }
@@ -260,9 +305,9 @@ void XmlScanner::push(XmlNode node)
     m_tree.m_nodes.push_back(node);
 }
 
-void XmlScanner::breakAt(int at)
+void XmlScanner::breakIf(bool isBroken, int at)
 {
-    if (m_tree.m_brokenAt < 0) {
+    if (isBroken && m_tree.m_brokenAt < 0) {
         m_tree.m_brokenAt = at;
     }
 }

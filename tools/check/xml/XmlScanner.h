@@ -33,7 +33,12 @@ private:
     QStringView takeName();
     int numberOf(QStringView name);
     void push(XmlNode node);
-    void breakAt(int at);
+
+    /// The place of the first text up to an end that stands in no element; the end when there is none.
+    int strayTextBefore(int end) const;
+
+    /// Notes where the document is broken, of several places the first.
+    void breakIf(bool isBroken, int at);
 
     XmlTree &m_tree;
     const QString &m_source;

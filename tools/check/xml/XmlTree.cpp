@@ -138,6 +138,18 @@ QStringView XmlTree::nameOf(const XmlAttribute &attribute) const
     return QStringView(m_source).mid(attribute.at, attribute.nameSize);
 }
 
+const XmlAttribute *XmlTree::sameAttributeBefore(const XmlNode &element, int number) const
+{
+    const QStringView name = nameOf(attribute(element.firstAttribute + number));
+    for (int i = 0; i < number; ++i) {
+        const XmlAttribute &earlier = attribute(element.firstAttribute + i);
+        if (nameOf(earlier) == name) {
+            return &earlier;
+        }
+    }
+    return nullptr;
+}
+
 bool XmlTree::isBlank(int index) const
 {
     const XmlNode &text = node(index);
@@ -180,6 +192,11 @@ QString XmlTree::entityText(QStringView name, int nesting) const
     return expanded(QStringView(*found), false, nesting + 1);
 }
 
+bool XmlTree::hasEntity(QStringView name) const
+{
+    return predefinedEntity(name) || m_entities.contains(name.toString());
+}
+
 std::vector<int> XmlTree::unknownEntities() const
 {
     std::vector<int> places;
@@ -205,8 +222,7 @@ void XmlTree::collectUnknownEntities(int at, int size, std::vector<int> &places)
             return;
         }
         const QStringView name = raw.mid(begin + 1, end - begin - 1);
-        if (!name.startsWith(QLatin1Char('#')) && !predefinedEntity(name) &&
-            !m_entities.contains(name.toString())) {
+        if (!name.startsWith(QLatin1Char('#')) && !hasEntity(name)) {
             places.push_back(at + static_cast<int>(begin));
         }
         begin = raw.indexOf(QLatin1Char('&'), end);

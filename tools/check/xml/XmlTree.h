@@ -42,6 +42,15 @@ struct XmlNode
     int attributeCount = 0;
 };
 
+/// Something that a source has no end of: its innermost open element, a comment.
+struct XmlUnfinished
+{
+    QString words;
+    int at = -1;
+
+    bool isNull() const { return at < 0; }
+};
+
 /// A document's elements and texts, every one with its place. Nothing of it is copied out of the source
 /// before somebody asks: all but a few values of a template are in order.
 class XmlTree
@@ -74,20 +83,28 @@ public:
     QString valueOf(const XmlAttribute &attribute) const;
     QStringView nameOf(const XmlAttribute &attribute) const;
     const XmlAttribute &attribute(int index) const { return m_attributes[static_cast<std::size_t>(index)]; }
+    /// The first attribute that an element has under the name of a later one of it; null when there is none.
+    const XmlAttribute *sameAttributeBefore(const XmlNode &element, int number) const;
 
     /// Whether a text node has nothing but white space.
     bool isBlank(int index) const;
 
     /// Where the document refers to entities that nothing declares.
     std::vector<int> unknownEntities() const;
+    /// Whether something declares an entity, XML itself included.
+    bool hasEntity(QStringView name) const;
+
+    XmlFlavour flavour() const { return m_flavour; }
 
     /// Where elements and texts may come from that do not stand in the source: a document type that declares
     /// more than plain texts. -1 when there is no such thing.
     int unfollowedDocumentType() const { return m_unfollowedDocumentType; }
 
-    /// Where the structure is broken: an end tag that closes nothing, an element without an end. -1 when it
-    /// is whole.
+    /// Where the structure is broken: an end tag that closes nothing, a tag that is none, text outside of the
+    /// root, the end of the source when something has no end. -1 when it is whole.
     int brokenAt() const { return m_brokenAt; }
+    /// What the source ends within.
+    const XmlUnfinished &unfinished() const { return m_unfinished; }
 
 private:
     friend class XmlScanner;
@@ -109,6 +126,7 @@ private:
     QHash<QString, QString> m_entities;
     int m_unfollowedDocumentType = -1;
     int m_brokenAt = -1;
+    XmlUnfinished m_unfinished;
 };
 
 /// One element of a tree. Null when a look-up found nothing: it has no attributes, no text and nothing below.

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "tools/check/xml/XmlTree.h"
+
+#include <QStringList>
+
+#include <vector>
+
+namespace Tobrix::Tools {
+
+/// Which elements of a name the host takes from a container.
+enum class Taken {
+    Each,
+    First,          ///< a second one is a mistake
+    FirstOfSeveral, ///< the others are for other languages, or say the same again
+    FirstOfAll      ///< the others are those of other elements
+};
+
+/// An element of the current format, and what the host looks for it in: at any depth.
+struct StructureRow
+{
+    QLatin1String container; // none for the whole document
+    QLatin1String part;
+    Taken taken;
+};
+
+/// All places in which elements of the current format mean something.
+const std::vector<StructureRow> &currentStructure();
+
+/// The elements that the host looks for in a container.
+QStringList partsOf(const QString &container);
+
+/// The containers that the host looks for an element in.
+QStringList containersOf(const QString &part);
+
+/// The nearest element of a name around another one; null when there is none.
+XmlElement nearestAround(const XmlElement &element, QLatin1String name);
+
+/// The elements of a document of the current format that stand where the host looks for them, or where a rule
+/// of their own says that it does not.
+class PlacedElements
+{
+public:
+    explicit PlacedElements(const XmlTree &document);
+
+    /// Whether an element is one of them.
+    bool contain(const XmlElement &element) const;
+    /// Whether there are any below an element.
+    bool areWithin(const XmlElement &element) const;
+
+private:
+    std::vector<int> m_countBefore; // by the indexes of nodes
+};
+
+} // namespace Tobrix::Tools

@@ -1,0 +1,12 @@
+#pragma once
+
+class QString;
+
+namespace Tobrix::Tools {
+
+// Whether a text is written as a number, be it one that fits where it is kept or not.
+
+bool isWholeNumberText(const QString &text);
+bool isRealNumberText(const QString &text);
+
+} // namespace Tobrix::Tools
