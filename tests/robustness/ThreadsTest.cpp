@@ -23,9 +23,7 @@ namespace {
 
 constexpr int loadingThreads = 8;
 
-#if defined(__SANITIZE_THREAD__)
-constexpr int defaultRounds = 2;
-#elif defined(__SANITIZE_ADDRESS__)
+#if defined(__SANITIZE_ADDRESS__)
 constexpr int defaultRounds = 6;
 #else
 constexpr int defaultRounds = 20;
