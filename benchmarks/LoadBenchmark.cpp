@@ -108,9 +108,7 @@ void registerBenchmarks(const QString &folder)
                                              })
                     ->UseManualTime()
                     ->Unit(benchmark::kMillisecond)
-                    ->Iterations(columns >= 100'000  ? 15
-                                 : columns >= 10'000 ? 15
-                                                     : 101);
+                    ->Iterations(columns >= 10'000 ? 15 : 101);
             }
         }
     }

@@ -13,6 +13,7 @@
 #include "rawdata/CTemplateDataConverter.h"
 #include "rawdata/CTemplateRawData.h"
 #include "rawdata/SaturatedInt_p.h"
+#include "rawdata/TextPool_p.h"
 
 #include <algorithm>
 #include <deque>
@@ -426,6 +427,7 @@ void NewTemplateXMLReader::readColumns(const IndexedElement &view, std::deque<Co
 
 TextPool NewTemplateXMLReader::readDefaultValues(const DocumentIndex &document)
 {
+    // A pool serves as the set of them, since no file can slow it down.
     TextPool paths;
     const IndexedElement defaults = document.first(ElementName::DefaultValues);
     for (const auto &scope : defaults.all(ElementName::DefaultValueScope)) {

@@ -57,6 +57,7 @@ private:
     TOBRIX_TEMPLATES_NO_EXPORT void readColumns(const IndexedElement &view, std::deque<ColumnRecord> &records,
                                                 const TextPool &pathsWithDefault,
                                                 QList<CTemplateColumn *> &columns);
+    // Gives the property paths that have a default in some view.
     TOBRIX_TEMPLATES_NO_EXPORT TextPool readDefaultValues(const DocumentIndex &document);
 
     TOBRIX_TEMPLATES_NO_EXPORT void readLegendLists(const DocumentIndex &document);

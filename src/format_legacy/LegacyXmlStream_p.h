@@ -6,7 +6,7 @@
 
 namespace Tobrix::Templates {
 
-/// The XML stream of one legacy file, with the texts that were met in it more than once.
+/// The XML stream of one legacy file, with the texts that the file is likely to repeat.
 class LegacyXmlStream : public QXmlStreamReader
 {
 public:

@@ -7,8 +7,9 @@
 
 namespace Tobrix::Templates {
 
-/// Texts that a template repeats from column to column (tables, units, lists, formats), each kept once. A
-/// pool serves one reading of one file.
+/// Texts that a template repeats from column to column or from list to list (tables, units, formats, items),
+/// each kept once, and no file can foresee which of them fall together. A pool serves one reading of one
+/// file.
 class TextPool
 {
 public:
