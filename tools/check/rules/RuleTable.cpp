@@ -322,15 +322,18 @@ const std::vector<Rule> &allRules()
     {"mandatory-hidden", Severity::Warning, Formats::Both, checkMandatoryHidden,
      "a column must have a value, but nobody sees it",
      "A column that is mandatory, not visible and without a default cannot be filled in, and records "
-     "without it are not complete. Show it, or give it a default. Identifiers (Guid, GUI) are the "
-     "host's to make, and no finding.",
+     "without it are not complete. Show it, or give it a default. Of dates and times only "
+     "\"=Today()\" is a default, of booleans only \"true\"; a boolean with the default \"false\" is a "
+     "note, since hosts may take it for that anyway. Identifiers (Guid, GUI) are the host's to make, and "
+     "no finding.",
      "<COL_Mandatory>true</COL_Mandatory><COL_Visible>false</COL_Visible>",
      "<COL_Mandatory>true</COL_Mandatory><COL_Visible>true</COL_Visible>"},
     {"mandatory-read-only", Severity::Warning, Formats::Both, checkMandatoryReadOnly,
      "a column must have a value, but nobody may enter it",
      "A column that is mandatory, read-only and without a default cannot be filled in, and records "
-     "without it are not complete. Open it, or give it a default. Identifiers (Guid, GUI) are no "
-     "finding.",
+     "without it are not complete. Open it, or give it a default. Of dates and times only "
+     "\"=Today()\" is a default, of booleans only \"true\"; a boolean with the default \"false\" is a "
+     "note. Identifiers (Guid, GUI) are no finding.",
      "<MandatoryRestriction/><ReadOnlyRestriction/>",
      "<MandatoryRestriction/>"},
     // Default values
