@@ -193,6 +193,15 @@ const std::vector<Rule> &allRules()
      "tag; in legends the last one. Put the text into one piece.",
      "<COL_Caption><!-- short -->Length</COL_Caption>",
      "<COL_Caption>Length</COL_Caption>"},
+    {"text-not-read", Severity::Warning, Formats::Current, checkUnreadTexts,
+     "a text stands where the host reads none",
+     "Caption, ToolTip, Captions, TextA and TextB have their text in a TextItem: what stands beside it is "
+     "not read, and without one the host shows no text at all. A restriction counts by being there, so "
+     "that one with the text \"false\" still applies. It is a note where a text stands between the "
+     "elements that a View, a Column and the like are made of, and where it stands in an element that has "
+     "none of its attributes instead.",
+     "<Caption>Length</Caption>",
+     "<Caption><TextItem>Length</TextItem></Caption>"},
     // Views and columns
     {"column-type-unknown", Severity::Error, Formats::Both, checkColumnTypes,
      "a column has a data type that the host does not know",
