@@ -70,6 +70,16 @@ const std::vector<Rule> &allRules()
      "the character itself, or its number.",
      "<TextItem>Length&nbsp;in m</TextItem>",
      "<TextItem>Length&#160;in m</TextItem>"},
+    {"character-undecodable", Severity::Warning, Formats::Both, checkEncoding,
+     "the file has bytes that are no character of its encoding",
+     "A file is read in the encoding that its XML declaration names, and in UTF-8 where it names none. "
+     "An editor that saves it in another one, such as Windows-1252, leaves bytes in it that mean nothing "
+     "there, often for letters with accents. The parser puts U+FFFD in their place and says nothing; "
+     "captions show it as a question mark, and names are found no more. In the legacy format bytes that "
+     "are no UTF-8 are a fault that the file is refused for (xml-malformed). Save the file in the encoding "
+     "that it declares.",
+     "a file saved as Windows-1252 that begins with <?xml version=\"1.0\" encoding=\"UTF-8\"?>",
+     "the same file, saved as UTF-8"},
     {"section-unreachable", Severity::Warning, Formats::Both, checkReachability,
      "a section stands where none is looked for",
      "In the legacy format sections (SYSTPL, PROGVIEW, SYSCOL, SYSLIST, LegendOfClassification) are "
