@@ -39,6 +39,9 @@ QString columnLine(const ColumnModel &column)
                       QString::number(column.control),
                       QString::number(column.order),
                       flags(column.isVisible, column.isReadOnly, column.isMandatory, column.isVirtual)};
+    if (column.type != CTemplateColumn::Text) {
+        words << QString::number(column.hasDefault());
+    }
     if (column.isNumeric()) {
         words << numberText(column.range().minimum) << numberText(column.range().maximum);
     } else if (column.type == CTemplateColumn::Text) {
@@ -63,6 +66,9 @@ QString columnLine(const QJsonObject &column)
                       text("sortOrder"),
                       flags(flag("isVisible"), flag("isReadOnly"), flag("isMandatory"), flag("isVirtual"))};
     const int type = column.value(QLatin1String("columnType")).toInt();
+    if (type != CTemplateColumn::Text) {
+        words << QString::number(flag("hasDefaultValue") || flag("initializeWithNow"));
+    }
     if (type == CTemplateColumn::Integer || type == CTemplateColumn::Decimal) {
         const auto limit = [&column](const char *name) {
             const QJsonValue value = column.value(QLatin1String(name));

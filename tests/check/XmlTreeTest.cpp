@@ -194,6 +194,8 @@ void XmlTreeTest::nodesKnowTheirPlaces()
     QCOMPARE(element.attribute(QLatin1String("b"))->at, source.indexOf(QLatin1String("b =")));
     QCOMPARE(element.attribute(QLatin1String("c"))->at, source.indexOf(QLatin1String("c=")));
     QCOMPARE(element.textAt(), source.indexOf(QLatin1String("text")));
+    QCOMPARE(element.ownTextAt(), source.indexOf(QLatin1String("text")));
+    QCOMPARE(tree.root().ownTextAt(), -1);
     QCOMPARE(tree.node(tree.size() - 2).at, source.indexOf(QLatin1String("more")));
     QCOMPARE(element.text(), QStringLiteral("textmore"));
     QCOMPARE(tree.brokenAt(), -1);

@@ -3,7 +3,6 @@
 #include "tools/check/CountLimits.h"
 #include "tools/check/model/CurrentModel.h"
 #include "tools/check/model/LegacyModel.h"
-#include "tools/check/xml/XmlDecoding.h"
 #include "tools/check/xml/XmlFault.h"
 #include "tools/loading/FileAccess.h"
 
@@ -87,6 +86,10 @@ void CheckedFile::read()
                         : placeOfFault(tree(), places().offsetOf(m_verdict.line, m_verdict.column));
     } else {
         countItems();
+        // A file may have the character that others are replaced with as its own.
+        if (m_source.contains(QChar(QChar::ReplacementCharacter))) {
+            m_undecodable = undecodableOf(bytes);
+        }
     }
 }
 

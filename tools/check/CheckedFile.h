@@ -2,6 +2,7 @@
 
 #include "tools/check/model/TemplateModel.h"
 #include "tools/check/xml/SourcePlaces.h"
+#include "tools/check/xml/XmlDecoding.h"
 #include "tools/check/xml/XmlTree.h"
 #include "tools/loading/XmlVerdict.h"
 
@@ -37,6 +38,9 @@ public:
     /// Where the parser, or the limit, has its say.
     int faultAt() const { return m_faultAt; }
 
+    /// What the parser replaces of a file that is well-formed otherwise.
+    const Undecodable &undecodable() const { return m_undecodable; }
+
     /// The elements, of a file that is well-formed and within the limits.
     const XmlTree &tree() const;
     /// What becomes of them.
@@ -56,6 +60,7 @@ private:
     XmlVerdict m_verdict;
     QString m_excess;
     int m_faultAt = 0;
+    Undecodable m_undecodable;
     mutable std::unique_ptr<const SourcePlaces> m_places;
     mutable std::unique_ptr<const XmlTree> m_tree;
     mutable std::unique_ptr<const TemplateModel> m_model;

@@ -48,16 +48,57 @@ std::vector<XmlElement> containersOf(const XmlTree &tree, QLatin1String containe
     return scopes;
 }
 
-std::size_t countOf(const XmlTree &tree, const LimitedContent &limited)
+/// How often each node counts, by the containers around it.
+class ContainersAround
 {
-    if (limited.container.isEmpty()) {
-        return tree.all(limited.content).size();
+public:
+    ContainersAround(const XmlTree &tree, QLatin1String container)
+        : m_tree(tree), m_isWholeDocument(container.isEmpty())
+    {
+        if (!m_isWholeDocument) {
+            m_containers = containersOf(tree, container);
+        }
     }
+
+    /// To be called with nodes in the order of the document.
+    std::size_t countAround(int index)
+    {
+        while (m_next < m_containers.size() && m_containers[m_next].index() < index) {
+            const int container = m_containers[m_next++].index();
+            closeBefore(container);
+            m_open.push_back(m_tree.node(container).end);
+        }
+        closeBefore(index);
+        return m_isWholeDocument ? 1 : m_open.size();
+    }
+
+private:
+    void closeBefore(int index)
+    {
+        while (!m_open.empty() && m_open.back() <= index) {
+            m_open.pop_back();
+        }
+    }
+
+    const XmlTree &m_tree;
+    const bool m_isWholeDocument;
+    std::vector<XmlElement> m_containers;
+    std::size_t m_next = 0;
+    std::vector<int> m_open; // the ends of those around the current node
+};
+
+/// The place of the element that goes past a limit; -1 when none does.
+int placeOfOneTooMany(const XmlTree &tree, const LimitedContent &limited)
+{
+    ContainersAround containers(tree, limited.container);
     std::size_t count = 0;
-    for (const auto &container : containersOf(tree, limited.container)) {
-        count += container.all(limited.content).size();
+    for (const auto &element : tree.all(limited.content)) {
+        count += containers.countAround(element.index());
+        if (count > static_cast<std::size_t>(limited.limit)) {
+            return element.at();
+        }
     }
-    return count;
+    return -1;
 }
 
 /// What a legacy template may have so many of, with the places of all that it has.
@@ -119,8 +160,9 @@ CountExcess excessAt(int limit, QLatin1String words, int at)
 CountExcess excessOfCurrent(const XmlTree &document)
 {
     for (const auto &limited : limitedContents) {
-        if (countOf(document, limited) > static_cast<std::size_t>(limited.limit)) {
-            return excessAt(limited.limit, limited.words, document.root().at());
+        const int at = placeOfOneTooMany(document, limited);
+        if (at >= 0) {
+            return excessAt(limited.limit, limited.words, at);
         }
     }
     return {};

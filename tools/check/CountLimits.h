@@ -11,7 +11,7 @@ class XmlTree;
 struct CountExcess
 {
     QString words; ///< empty when there is no such thing
-    int at = 0;    ///< of the element that is one too many, or of the root where no single one is
+    int at = 0;    ///< of the element that is one too many
 };
 
 /// Counts what the current format's reader counts: containers in each other share what they hold.

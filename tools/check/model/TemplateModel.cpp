@@ -1,5 +1,6 @@
 #include "tools/check/model/TemplateModel.h"
 
+#include "loading/MissingDefaults_p.h"
 #include "rawdata/SaturatedInt_p.h"
 
 namespace Tobrix::Tools {
@@ -12,6 +13,19 @@ ColumnRange ColumnModel::range() const
         return {static_cast<double>(toSaturatedInt(minimum)), static_cast<double>(toSaturatedInt(maximum))};
     }
     return {minimum, maximum};
+}
+
+bool ColumnModel::hasDefault() const
+{
+    switch (type) {
+    case CTemplateColumn::Boolean:
+        return defaultValue.text == QLatin1String("true"); // "false" is no value to the library
+    case CTemplateColumn::Date:
+    case CTemplateColumn::Time:
+        return defaultValue.text == todayMarker;
+    default:
+        return !defaultValue.isEmpty() || isForcedToDefault;
+    }
 }
 
 void TemplateModel::makeIndex()

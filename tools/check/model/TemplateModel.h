@@ -121,7 +121,8 @@ struct ColumnModel
     {
         return dataType.text == QLatin1String("Guid") || dataType.text == QLatin1String("GUI");
     }
-    bool hasDefault() const { return !defaultValue.isEmpty() || isForcedToDefault; }
+    /// Whether new records start with a value that the file or the library gives.
+    bool hasDefault() const;
 };
 
 struct ListItemModel

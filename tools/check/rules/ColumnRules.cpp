@@ -84,6 +84,20 @@ bool lacksValue(const ColumnModel &column)
     return column.isMandatory && !column.isVirtual && !column.isIdentifier() && !column.hasDefault();
 }
 
+/// Adds a finding about a column that lacks a value, for a reason.
+void addLack(const ColumnModel &column, const QString &reason, Findings &findings)
+{
+    const QString &text = column.defaultValue.text;
+    const QString lack = text.isEmpty()
+                             ? QStringLiteral("no default")
+                             : QStringLiteral("the default %1, which is none to the host").arg(quoted(text));
+    // Somebody who writes "false" may know that a host takes a boolean without a default for that.
+    const bool isFalse = column.type == CTemplateColumn::Boolean && text == QLatin1String("false");
+    findings.add(isFalse ? Severity::Note : Severity::Warning, column.mandatoryAt,
+                 QStringLiteral("%1 must have a value, is %2 and has %3: nobody can fill it in")
+                     .arg(nameOf(column), reason, lack));
+}
+
 } // namespace
 
 void checkColumnTypes(const CheckedFile &file, Findings &findings)
@@ -364,9 +378,7 @@ void checkMandatoryHidden(const CheckedFile &file, Findings &findings)
 {
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
         if (lacksValue(column) && !column.isVisible) {
-            findings.add(column.mandatoryAt, QStringLiteral("%1 must have a value, is never shown and has no "
-                                                            "default: nobody can fill it in")
-                                                 .arg(nameOf(column)));
+            addLack(column, QStringLiteral("never shown"), findings);
         }
     });
 }
@@ -375,9 +387,7 @@ void checkMandatoryReadOnly(const CheckedFile &file, Findings &findings)
 {
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
         if (lacksValue(column) && column.isVisible && column.isReadOnly) {
-            findings.add(column.mandatoryAt, QStringLiteral("%1 must have a value, is read-only and has no "
-                                                            "default: nobody can fill it in")
-                                                 .arg(nameOf(column)));
+            addLack(column, QStringLiteral("read-only"), findings);
         }
     });
 }

@@ -3,6 +3,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Tobrix::Tools {
 
@@ -133,6 +134,14 @@ QStringList containersOf(const QString &part)
         }
     }
     return containers;
+}
+
+bool isTextElement(const XmlElement &element)
+{
+    constexpr QLatin1String textElements[] = {QLatin1String("Name"), QLatin1String("Version"),
+                                              QLatin1String("TextItem"), QLatin1String("ValueListName")};
+    return std::any_of(std::begin(textElements), std::end(textElements),
+                       [&element](QLatin1String name) { return element.hasName(name); });
 }
 
 XmlElement nearestAround(const XmlElement &element, QLatin1String name)

@@ -33,6 +33,9 @@ QStringList partsOf(const QString &container);
 /// The containers that the host looks for an element in.
 QStringList containersOf(const QString &part);
 
+/// Whether an element is one whose text is read: all of it, whatever elements it stands in.
+bool isTextElement(const XmlElement &element);
+
 /// The nearest element of a name around another one; null when there is none.
 XmlElement nearestAround(const XmlElement &element, QLatin1String name);
 

@@ -210,6 +210,19 @@ void checkEntities(const CheckedFile &file, Findings &findings)
     }
 }
 
+void checkEncoding(const CheckedFile &file, Findings &findings)
+{
+    const Undecodable &undecodable = file.undecodable();
+    if (!undecodable.isNull()) {
+        const QString others = undecodable.count == 1
+                                   ? QString()
+                                   : QStringLiteral(", as it does %1 times more").arg(undecodable.count - 1);
+        findings.add(undecodable.at,
+                     QStringLiteral("what stands here is no character of %1: the host gets %2 for it%3")
+                         .arg(undecodable.encoding, quoted(QChar(QChar::ReplacementCharacter)), others));
+    }
+}
+
 void checkRoot(const CheckedFile &file, Findings &findings)
 {
     if (hasUnknownRoot(file)) {

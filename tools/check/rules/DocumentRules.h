@@ -13,6 +13,7 @@ void checkFolder(const CheckedFile &file, Findings &findings);
 void checkDocumentType(const CheckedFile &file, Findings &findings);
 void checkRepeatedAttributes(const CheckedFile &file, Findings &findings);
 void checkEntities(const CheckedFile &file, Findings &findings);
+void checkEncoding(const CheckedFile &file, Findings &findings);
 void checkRoot(const CheckedFile &file, Findings &findings);
 void checkReachability(const CheckedFile &file, Findings &findings);
 void checkElementNames(const CheckedFile &file, Findings &findings);

@@ -34,15 +34,6 @@ void addUnknownElement(const XmlElement &element, const QString &nearest, Findin
     findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning, element.at(), message);
 }
 
-/// Whether all text below an element is its own, whatever elements the text stands in.
-bool isText(const XmlElement &element)
-{
-    constexpr QLatin1String textElements[] = {QLatin1String("Name"), QLatin1String("Version"),
-                                              QLatin1String("TextItem"), QLatin1String("ValueListName")};
-    return std::any_of(std::begin(textElements), std::end(textElements),
-                       [&element](QLatin1String name) { return element.hasName(name); });
-}
-
 /// The unknown elements of the current format. The host finds its own at any depth, so that containers of any
 /// name may hold them.
 class CurrentElementNames
@@ -60,7 +51,7 @@ public:
                 check(child);
             } else if (!m_placed.contain(child)) {
                 checkMisplaced(child);
-            } else if (!isText(child)) {
+            } else if (!isTextElement(child)) {
                 checkWithin(child);
             }
         }

@@ -70,6 +70,16 @@ const std::vector<Rule> &allRules()
      "the character itself, or its number.",
      "<TextItem>Length&nbsp;in m</TextItem>",
      "<TextItem>Length&#160;in m</TextItem>"},
+    {"character-undecodable", Severity::Warning, Formats::Both, checkEncoding,
+     "the file has bytes that are no character of its encoding",
+     "A file is read in the encoding that its XML declaration names, and in UTF-8 where it names none. "
+     "An editor that saves it in another one, such as Windows-1252, leaves bytes in it that mean nothing "
+     "there, often for letters with accents. The parser puts U+FFFD in their place and says nothing; "
+     "captions show it as a question mark, and names are found no more. In the legacy format bytes that "
+     "are no UTF-8 are a fault that the file is refused for (xml-malformed). Save the file in the encoding "
+     "that it declares.",
+     "a file saved as Windows-1252 that begins with <?xml version=\"1.0\" encoding=\"UTF-8\"?>",
+     "the same file, saved as UTF-8"},
     {"section-unreachable", Severity::Warning, Formats::Both, checkReachability,
      "a section stands where none is looked for",
      "In the legacy format sections (SYSTPL, PROGVIEW, SYSCOL, SYSLIST, LegendOfClassification) are "
@@ -193,6 +203,15 @@ const std::vector<Rule> &allRules()
      "tag; in legends the last one. Put the text into one piece.",
      "<COL_Caption><!-- short -->Length</COL_Caption>",
      "<COL_Caption>Length</COL_Caption>"},
+    {"text-not-read", Severity::Warning, Formats::Current, checkUnreadTexts,
+     "a text stands where the host reads none",
+     "Caption, ToolTip, Captions, TextA and TextB have their text in a TextItem: what stands beside it is "
+     "not read, and without one the host shows no text at all. A restriction counts by being there, so "
+     "that one with the text \"false\" still applies. It is a note where a text stands between the "
+     "elements that a View, a Column and the like are made of, and where it stands in an element that has "
+     "none of its attributes instead.",
+     "<Caption>Length</Caption>",
+     "<Caption><TextItem>Length</TextItem></Caption>"},
     // Views and columns
     {"column-type-unknown", Severity::Error, Formats::Both, checkColumnTypes,
      "a column has a data type that the host does not know",
@@ -322,15 +341,18 @@ const std::vector<Rule> &allRules()
     {"mandatory-hidden", Severity::Warning, Formats::Both, checkMandatoryHidden,
      "a column must have a value, but nobody sees it",
      "A column that is mandatory, not visible and without a default cannot be filled in, and records "
-     "without it are not complete. Show it, or give it a default. Identifiers (Guid, GUI) are the "
-     "host's to make, and no finding.",
+     "without it are not complete. Show it, or give it a default. Of dates and times only "
+     "\"=Today()\" is a default, of booleans only \"true\"; a boolean with the default \"false\" is a "
+     "note, since hosts may take it for that anyway. Identifiers (Guid, GUI) are the host's to make, and "
+     "no finding.",
      "<COL_Mandatory>true</COL_Mandatory><COL_Visible>false</COL_Visible>",
      "<COL_Mandatory>true</COL_Mandatory><COL_Visible>true</COL_Visible>"},
     {"mandatory-read-only", Severity::Warning, Formats::Both, checkMandatoryReadOnly,
      "a column must have a value, but nobody may enter it",
      "A column that is mandatory, read-only and without a default cannot be filled in, and records "
-     "without it are not complete. Open it, or give it a default. Identifiers (Guid, GUI) are no "
-     "finding.",
+     "without it are not complete. Open it, or give it a default. Of dates and times only "
+     "\"=Today()\" is a default, of booleans only \"true\"; a boolean with the default \"false\" is a "
+     "note. Identifiers (Guid, GUI) are no finding.",
      "<MandatoryRestriction/><ReadOnlyRestriction/>",
      "<MandatoryRestriction/>"},
     // Default values

@@ -14,5 +14,6 @@ void checkFlags(const CheckedFile &file, Findings &findings);
 void checkSpaceAround(const CheckedFile &file, Findings &findings);
 void checkCapturedSpace(const CheckedFile &file, Findings &findings);
 void checkIgnoredTexts(const CheckedFile &file, Findings &findings);
+void checkUnreadTexts(const CheckedFile &file, Findings &findings);
 
 } // namespace Tobrix::Tools

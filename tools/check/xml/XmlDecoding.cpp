@@ -84,4 +84,18 @@ int undecodableAt(const QByteArray &bytes)
     return Beginning(codec, bytes, sound).text.size();
 }
 
+Undecodable undecodableOf(const QByteArray &bytes)
+{
+    const QTextCodec &codec = codecOf(bytes);
+    const QString encoding = QString::fromLatin1(codec.name());
+    const QChar replacement(QChar::ReplacementCharacter);
+    if (codec.canEncode(replacement)) {
+        const int count = Beginning(codec, bytes, bytes.size()).state.invalidChars;
+        return {encoding, count == 0 ? -1 : undecodableAt(bytes), count};
+    }
+    // Not all of these codecs count what they replace, but none has that character from the file.
+    const QString text = decodedXml(bytes);
+    return {encoding, text.indexOf(replacement), text.count(replacement)};
+}
+
 } // namespace Tobrix::Tools

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <QString>
+
 class QByteArray;
-class QString;
 
 namespace Tobrix::Tools {
 
@@ -12,5 +13,17 @@ QString decodedXml(const QByteArray &bytes);
 /// The place in that text of the first bytes that stand for no character in its encoding; its end when all
 /// stand for one.
 int undecodableAt(const QByteArray &bytes);
+
+/// Bytes of a file that stand for no character in its encoding, and are replaced where it is read.
+struct Undecodable
+{
+    QString encoding;
+    int at = -1; ///< the place of the first of them in the text
+    int count = 0;
+
+    bool isNull() const { return count == 0; }
+};
+
+Undecodable undecodableOf(const QByteArray &bytes);
 
 } // namespace Tobrix::Tools

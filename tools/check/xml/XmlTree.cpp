@@ -295,6 +295,21 @@ int XmlElement::textAt() const
     return at();
 }
 
+int XmlElement::ownTextAt() const
+{
+    for (int i = m_index + 1; !isNull() && i < node().end; i = m_tree->node(i).end) {
+        const XmlNode &text = m_tree->node(i);
+        if (text.kind == XmlNode::Text || text.kind == XmlNode::CData) {
+            const QStringView raw = QStringView(m_tree->source()).mid(text.contentAt, text.contentSize);
+            const auto *const begin = std::find_if_not(raw.begin(), raw.end(), isSpace);
+            if (begin != raw.end()) {
+                return text.contentAt + static_cast<int>(begin - raw.begin());
+            }
+        }
+    }
+    return -1;
+}
+
 XmlElement XmlElement::first(QLatin1String name) const
 {
     const int index = isNull() ? -1 : m_tree->firstBetween(m_index + 1, node().end, m_tree->numberOf(name));

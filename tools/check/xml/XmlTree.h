@@ -157,6 +157,9 @@ public:
     QString text() const;
     /// The place of the first character of text that is not blank; that of the element when there is none.
     int textAt() const;
+    /// The place of the first character of text that is not blank and stands in no element below this one; -1
+    /// when there is none.
+    int ownTextAt() const;
 
     /// The first element of a name below this one, at any depth; null when there is none.
     XmlElement first(QLatin1String name) const;
