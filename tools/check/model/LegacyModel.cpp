@@ -444,7 +444,8 @@ void LegacyModelBuilder::findValueTransferReset(const std::vector<LegacyReading>
             isSet = reading.value() == QLatin1String("true");
             column.valueTransferResetAt = -1;
         } else if (isSet && isOneOf(reading.token, referenceTokens)) {
-            column.valueTransferResetAt = reading.element.at();
+            const bool isTakenBack = reading.value() != QLatin1String("true");
+            column.valueTransferResetAt = isTakenBack ? reading.element.at() : -1;
         }
     }
 }

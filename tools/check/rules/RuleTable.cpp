@@ -310,7 +310,8 @@ const std::vector<Rule> &allRules()
     {"value-transfer-overwritten", Severity::Warning, Formats::Legacy, checkValueTransfers,
      "a reference takes back the value transfer",
      "COL_Template_FK, COL_Bound_TableDir_REF and COL_ValueTransfer are read into one flag, and the "
-     "last one decides. A reference reads as false. Put COL_ValueTransfer behind both.",
+     "last one decides. A reference reads as false, unless it says \"true\". Put COL_ValueTransfer "
+     "behind both.",
      "<COL_ValueTransfer>true</COL_ValueTransfer><COL_Template_FK>SEW</COL_Template_FK>",
      "<COL_Template_FK>SEW</COL_Template_FK><COL_ValueTransfer>true</COL_ValueTransfer>"},
     {"column-view-unknown", Severity::Error, Formats::Legacy, checkColumnViews,
