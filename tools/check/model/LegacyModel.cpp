@@ -69,7 +69,9 @@ constexpr Tokens::ListItemToken exactItemTokens[] = {Tokens::LIST_Name, Tokens::
 constexpr Tokens::ColumnToken exactColumnTokens[] = {
     Tokens::COL_ProgView_FK, Tokens::COL_Bound_Column, Tokens::COL_DataType,  Tokens::COL_Unit,
     Tokens::COL_DataSource,  Tokens::TDIR_Key,         Tokens::COL_DisplayFmt};
-constexpr Tokens::ColumnToken rangeTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps};
+// Numbers that only some types of columns have.
+constexpr Tokens::ColumnToken limitTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps,
+                                               Tokens::COL_Length, Tokens::COL_Precision};
 // Read as flags, which nobody means them to be.
 constexpr Tokens::ColumnToken referenceTokens[] = {Tokens::COL_Template_FK, Tokens::COL_Bound_TableDir_REF};
 
@@ -371,9 +373,9 @@ void LegacyModelBuilder::readColumn(const XmlElement &section)
 {
     const auto readings = readSection(section, m_columnTokens, TextRule::DirectlyAfterStartTag);
     const std::size_t valuesBefore = m_model.values.size();
-    // Ranges are judged when the column's type is known.
+    // Limits are judged when the column's type is known.
     const auto kindOf = [](int token) {
-        const bool isJudgedLater = isOneOf(token, rangeTokens) || isOneOf(token, referenceTokens);
+        const bool isJudgedLater = isOneOf(token, limitTokens) || isOneOf(token, referenceTokens);
         return isJudgedLater ? ValueKind::Text : kindOfField(columnFields, exactColumnTokens, token);
     };
     const SectionValues values = valuesOf(section, readings, columnFields, kindOf);
@@ -384,6 +386,12 @@ void LegacyModelBuilder::readColumn(const XmlElement &section)
     applyFixedValues(column);
     keepNumbersOf(column, QStringLiteral("COL_RangeFrom"), QStringLiteral("COL_RangeTo"),
                   QStringLiteral("COL_Steps"), m_model.values);
+    if (column.type == CTemplateColumn::Text) {
+        m_model.values.push_back({column.length, QStringLiteral("COL_Length"), ValueKind::Integer});
+    } else if (column.type == CTemplateColumn::Decimal) {
+        m_model.values.push_back(
+            {values.value(Tokens::COL_Precision), QStringLiteral("COL_Precision"), ValueKind::Integer});
+    }
     if (column.type == CTemplateColumn::Unknown) {
         m_model.values.resize(valuesBefore); // nobody gets them
     }
