@@ -149,7 +149,8 @@ const std::vector<Rule> &allRules()
     {"not-a-number", Severity::Error, Formats::Both, checkNumbers,
      "a value that should be a number is none",
      "Numbers are read without units, thousands separators or decimal commas, and widths and orders "
-     "without decimal places. What does not convert reads as 0, which for a limit is another limit.",
+     "without decimal places. What does not convert reads as 0, which for a limit is another limit; a "
+     "limit too large for any number reads as infinite, or as the largest whole number.",
      "<Column Width=\"120px\"/>",
      "<Column Width=\"120\"/>"},
     {"number-out-of-range", Severity::Warning, Formats::Both, checkNumberRanges,
