@@ -69,6 +69,21 @@ void RulesTogetherTest::everythingIsFoundOnce_data()
         << "5:105: error: data type \"FOO\" is unknown: the host does not get column \"OBJ_Name\" "
            "[column-type-unknown]\n"
         << "views/Form/columns/#" << QJsonValue(1);
+    QTest::newRow("two names of a header, with another one before them")
+        << "templates_new"
+        << QByteArray(
+               "<ProjectStandard>\n"
+               "<View Id='V1' Name='Form'><Name>Stray</Name>\n"
+               "<Column DataType='Decimal'><BoundProperty PropertyName='OBJ_Length'/></Column></View>\n"
+               "<TemplateIdentifier Id='STW-US'>\n"
+               "<Name>Storm</Name>\n"
+               "<Name>Water</Name>\n"
+               "</TemplateIdentifier>\n"
+               "</ProjectStandard>\n")
+        << "5:1: warning: this is not the first <Name> of the file: the template gets \"Stray\" from the one "
+           "in line 2 [element-not-first]\n"
+           "6:1: warning: a second <Name>: it is ignored [element-repeated]\n"
+        << "template/key" << QJsonValue(QStringLiteral("Stray"));
 }
 
 void RulesTogetherTest::everythingIsFoundOnce()

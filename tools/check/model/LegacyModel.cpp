@@ -167,7 +167,14 @@ private:
 
     template <typename Fields, typename KindOf>
     SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
-                           const Fields &fields, KindOf kindOf);
+                           const Fields &fields, KindOf kindOf)
+    {
+        return valuesOver(SectionValues(section.at()), readings, fields, kindOf);
+    }
+    /// The values of a section that is read over those of an earlier one.
+    template <typename Fields, typename KindOf>
+    SectionValues valuesOver(SectionValues values, const std::vector<LegacyReading> &readings,
+                             const Fields &fields, KindOf kindOf);
     void keepValue(const LegacyReading &reading, const Value &value, ValueKind kind);
     void findUnreachable(const XmlElement &within);
     void noteOverwritten(const LegacyReading &reading, int earlierAt);
@@ -184,6 +191,7 @@ private:
     const SectionTokens m_listItemTokens;
     const SectionTokens m_legendTokens;
     TemplateModel m_model;
+    SectionValues m_headerValues; // of all sections with some of them
     ListsByName m_lists;
     QHash<QString, int> m_viewsById; // those that count
     bool m_hasGroup[2] = {};         // of the legends
@@ -197,6 +205,7 @@ LegacyModelBuilder::LegacyModelBuilder(const XmlTree &document)
     , m_columnTokens(document, Tokens::stringToColumnToken)
     , m_listItemTokens(document, Tokens::stringToListItemToken)
     , m_legendTokens(document, Tokens::stringToLegendToken)
+    , m_headerValues(document.root().at())
 {
 }
 
@@ -287,11 +296,9 @@ void LegacyModelBuilder::keepValue(const LegacyReading &reading, const Value &va
 }
 
 template <typename Fields, typename KindOf>
-SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section,
-                                           const std::vector<LegacyReading> &readings, const Fields &fields,
-                                           KindOf kindOf)
+SectionValues LegacyModelBuilder::valuesOver(SectionValues values, const std::vector<LegacyReading> &readings,
+                                             const Fields &fields, KindOf kindOf)
 {
-    SectionValues values(section.at());
     for (const auto &reading : readings) {
         if (!isUsed(fields, reading.token)) {
             continue;
@@ -308,23 +315,14 @@ SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section,
 
 void LegacyModelBuilder::readHeader(const XmlElement &section)
 {
-    const SectionValues values =
-        valuesOf(section, readSection(section, m_headerTokens, TextRule::FirstAfterStartTag), headerFields,
-                 [](int token) { return kindOfField(headerFields, exactHeaderTokens, token); });
+    m_headerValues = valuesOver(
+        m_headerValues, readSection(section, m_headerTokens, TextRule::FirstAfterStartTag), headerFields,
+        [](int token) { return kindOfField(headerFields, exactHeaderTokens, token); });
     HeaderModel &header = m_model.header;
-    const auto take = [&](int token, Value &value) {
-        if (!header.isPresent || values.value(token).isGiven()) {
-            value = values.value(token);
-        }
-    };
-    if (header.isPresent) {
-        m_model.overwrittenElements.push_back({section.at(), header.at, section.name()});
-    }
-    take(Tokens::TPL_PK, header.uniqueId);
-    take(Tokens::TPL_Key, header.key);
-    take(Tokens::TPL_Type, header.type);
+    header.uniqueId = m_headerValues.value(Tokens::TPL_PK);
+    header.key = m_headerValues.value(Tokens::TPL_Key);
+    header.type = m_headerValues.value(Tokens::TPL_Type);
     header.at = section.at();
-    header.isPresent = true;
 }
 
 void LegacyModelBuilder::readView(const XmlElement &section)

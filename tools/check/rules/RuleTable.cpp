@@ -107,8 +107,8 @@ const std::vector<Rule> &allRules()
      "an element stands twice where the host takes one",
      "In the current format the first one counts and a second is ignored: of header elements in the "
      "document, of the parts of a column in their column. In the legacy format a second one "
-     "overwrites the first; a second SYSTPL overwrites what it names. Texts in several languages "
-     "(TextItem) are no finding.",
+     "overwrites the first, in a second SYSTPL as well. Texts in several languages (TextItem) are no "
+     "finding.",
      "<Column><Caption>...</Caption><Caption>...</Caption></Column>",
      "<Column><Caption>...</Caption></Column>"},
     {"nested-container", Severity::Warning, Formats::Current, checkNesting,
