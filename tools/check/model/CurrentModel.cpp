@@ -130,8 +130,7 @@ void CurrentModelBuilder::readHeader()
 {
     HeaderModel &header = m_model.header;
     const XmlElement identifier = m_document.first(textOf(ElementName::TemplateIdentifier));
-    header.isPresent = !identifier.isNull();
-    header.at = header.isPresent ? identifier.at() : m_document.root().at();
+    header.at = identifier.isNull() ? m_document.root().at() : identifier.at();
     header.uniqueId = read(identifier, ElementName::TemplateIdentifier, QLatin1String("Id"));
     header.unitSystem = read(identifier, ElementName::TemplateIdentifier, QLatin1String("SystemOfUnits"));
     header.key =

@@ -69,7 +69,9 @@ constexpr Tokens::ListItemToken exactItemTokens[] = {Tokens::LIST_Name, Tokens::
 constexpr Tokens::ColumnToken exactColumnTokens[] = {
     Tokens::COL_ProgView_FK, Tokens::COL_Bound_Column, Tokens::COL_DataType,  Tokens::COL_Unit,
     Tokens::COL_DataSource,  Tokens::TDIR_Key,         Tokens::COL_DisplayFmt};
-constexpr Tokens::ColumnToken rangeTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps};
+// Numbers that only some types of columns have.
+constexpr Tokens::ColumnToken limitTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps,
+                                               Tokens::COL_Length, Tokens::COL_Precision};
 // Read as flags, which nobody means them to be.
 constexpr Tokens::ColumnToken referenceTokens[] = {Tokens::COL_Template_FK, Tokens::COL_Bound_TableDir_REF};
 
@@ -165,7 +167,14 @@ private:
 
     template <typename Fields, typename KindOf>
     SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
-                           const Fields &fields, KindOf kindOf);
+                           const Fields &fields, KindOf kindOf)
+    {
+        return valuesOver(SectionValues(section.at()), readings, fields, kindOf);
+    }
+    /// The values of a section that is read over those of an earlier one.
+    template <typename Fields, typename KindOf>
+    SectionValues valuesOver(SectionValues values, const std::vector<LegacyReading> &readings,
+                             const Fields &fields, KindOf kindOf);
     void keepValue(const LegacyReading &reading, const Value &value, ValueKind kind);
     void findUnreachable(const XmlElement &within);
     void noteOverwritten(const LegacyReading &reading, int earlierAt);
@@ -182,6 +191,7 @@ private:
     const SectionTokens m_listItemTokens;
     const SectionTokens m_legendTokens;
     TemplateModel m_model;
+    SectionValues m_headerValues; // of all sections with some of them
     ListsByName m_lists;
     QHash<QString, int> m_viewsById; // those that count
     bool m_hasGroup[2] = {};         // of the legends
@@ -195,6 +205,7 @@ LegacyModelBuilder::LegacyModelBuilder(const XmlTree &document)
     , m_columnTokens(document, Tokens::stringToColumnToken)
     , m_listItemTokens(document, Tokens::stringToListItemToken)
     , m_legendTokens(document, Tokens::stringToLegendToken)
+    , m_headerValues(document.root().at())
 {
 }
 
@@ -285,11 +296,9 @@ void LegacyModelBuilder::keepValue(const LegacyReading &reading, const Value &va
 }
 
 template <typename Fields, typename KindOf>
-SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section,
-                                           const std::vector<LegacyReading> &readings, const Fields &fields,
-                                           KindOf kindOf)
+SectionValues LegacyModelBuilder::valuesOver(SectionValues values, const std::vector<LegacyReading> &readings,
+                                             const Fields &fields, KindOf kindOf)
 {
-    SectionValues values(section.at());
     for (const auto &reading : readings) {
         if (!isUsed(fields, reading.token)) {
             continue;
@@ -306,23 +315,14 @@ SectionValues LegacyModelBuilder::valuesOf(const XmlElement &section,
 
 void LegacyModelBuilder::readHeader(const XmlElement &section)
 {
-    const SectionValues values =
-        valuesOf(section, readSection(section, m_headerTokens, TextRule::FirstAfterStartTag), headerFields,
-                 [](int token) { return kindOfField(headerFields, exactHeaderTokens, token); });
+    m_headerValues = valuesOver(
+        m_headerValues, readSection(section, m_headerTokens, TextRule::FirstAfterStartTag), headerFields,
+        [](int token) { return kindOfField(headerFields, exactHeaderTokens, token); });
     HeaderModel &header = m_model.header;
-    const auto take = [&](int token, Value &value) {
-        if (!header.isPresent || values.value(token).isGiven()) {
-            value = values.value(token);
-        }
-    };
-    if (header.isPresent) {
-        m_model.overwrittenElements.push_back({section.at(), header.at, section.name()});
-    }
-    take(Tokens::TPL_PK, header.uniqueId);
-    take(Tokens::TPL_Key, header.key);
-    take(Tokens::TPL_Type, header.type);
+    header.uniqueId = m_headerValues.value(Tokens::TPL_PK);
+    header.key = m_headerValues.value(Tokens::TPL_Key);
+    header.type = m_headerValues.value(Tokens::TPL_Type);
     header.at = section.at();
-    header.isPresent = true;
 }
 
 void LegacyModelBuilder::readView(const XmlElement &section)
@@ -371,9 +371,9 @@ void LegacyModelBuilder::readColumn(const XmlElement &section)
 {
     const auto readings = readSection(section, m_columnTokens, TextRule::DirectlyAfterStartTag);
     const std::size_t valuesBefore = m_model.values.size();
-    // Ranges are judged when the column's type is known.
+    // Limits are judged when the column's type is known.
     const auto kindOf = [](int token) {
-        const bool isJudgedLater = isOneOf(token, rangeTokens) || isOneOf(token, referenceTokens);
+        const bool isJudgedLater = isOneOf(token, limitTokens) || isOneOf(token, referenceTokens);
         return isJudgedLater ? ValueKind::Text : kindOfField(columnFields, exactColumnTokens, token);
     };
     const SectionValues values = valuesOf(section, readings, columnFields, kindOf);
@@ -384,6 +384,12 @@ void LegacyModelBuilder::readColumn(const XmlElement &section)
     applyFixedValues(column);
     keepNumbersOf(column, QStringLiteral("COL_RangeFrom"), QStringLiteral("COL_RangeTo"),
                   QStringLiteral("COL_Steps"), m_model.values);
+    if (column.type == CTemplateColumn::Text) {
+        m_model.values.push_back({column.length, QStringLiteral("COL_Length"), ValueKind::Integer});
+    } else if (column.type == CTemplateColumn::Decimal) {
+        m_model.values.push_back(
+            {values.value(Tokens::COL_Precision), QStringLiteral("COL_Precision"), ValueKind::Integer});
+    }
     if (column.type == CTemplateColumn::Unknown) {
         m_model.values.resize(valuesBefore); // nobody gets them
     }
@@ -444,7 +450,8 @@ void LegacyModelBuilder::findValueTransferReset(const std::vector<LegacyReading>
             isSet = reading.value() == QLatin1String("true");
             column.valueTransferResetAt = -1;
         } else if (isSet && isOneOf(reading.token, referenceTokens)) {
-            column.valueTransferResetAt = reading.element.at();
+            const bool isTakenBack = reading.value() != QLatin1String("true");
+            column.valueTransferResetAt = isTakenBack ? reading.element.at() : -1;
         }
     }
 }

@@ -42,7 +42,6 @@ struct HeaderModel
     Value key;
     Value type;
     Value unitSystem;
-    bool isPresent = false;
 };
 
 struct ViewModel

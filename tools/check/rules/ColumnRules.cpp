@@ -78,6 +78,16 @@ void addTie(const CheckedFile &file, const std::vector<const ColumnModel *> &tie
             .arg(others));
 }
 
+/// What a view has instead of columns that a host gets.
+QString whyEmpty(const std::vector<const ColumnModel *> &columns, bool isCurrent)
+{
+    if (columns.empty()) {
+        return QStringLiteral("has no columns");
+    }
+    return isCurrent ? QStringLiteral("has only columns that are left out of every view")
+                     : QStringLiteral("has only columns of unknown data types");
+}
+
 /// Whether somebody has to fill a column in who cannot.
 bool lacksValue(const ColumnModel &column)
 {
@@ -184,20 +194,21 @@ void checkViewKeys(const CheckedFile &file, Findings &findings)
 void checkEmptyViews(const CheckedFile &file, Findings &findings)
 {
     const TemplateModel &model = file.model();
-    const auto isLost = [](const ColumnModel &column) { return column.view < 0; };
+    const auto isLost = [](const ColumnModel &column) {
+        return column.view < 0 && column.type != CTemplateColumn::Unknown;
+    };
     if (std::any_of(model.columns.begin(), model.columns.end(), isLost)) {
         return; // where the columns belong is another rule's question
     }
+    const auto isLeftOut = [&file](const ColumnModel *column) {
+        return file.isCurrent() ? column->isExcluded : column->type == CTemplateColumn::Unknown;
+    };
     for (std::size_t i = 0; i < model.views.size(); ++i) {
         const auto columns = model.columnsOf(i);
-        const bool isEmpty = std::all_of(columns.begin(), columns.end(),
-                                         [](const ColumnModel *column) { return column->isExcluded; });
-        if (!model.views[i].isReplaced() && isEmpty) {
-            const QString fault = columns.empty()
-                                      ? QStringLiteral("has no columns")
-                                      : QStringLiteral("has only columns that are left out of every view");
-            findings.add(model.views[i].at, QStringLiteral("view %1 %2: the host shows an empty form")
-                                                .arg(quoted(model.views[i].key.text), fault));
+        if (!model.views[i].isReplaced() && std::all_of(columns.begin(), columns.end(), isLeftOut)) {
+            findings.add(model.views[i].at,
+                         QStringLiteral("view %1 %2: the host shows an empty form")
+                             .arg(quoted(model.views[i].key.text), whyEmpty(columns, file.isCurrent())));
         }
     }
 }

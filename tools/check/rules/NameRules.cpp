@@ -212,6 +212,15 @@ void checkAttributes(const XmlElement &element, const QStringList &known, const 
     }
 }
 
+/// Whether the host takes the first of all elements of a name, which may stand in any other element.
+bool isTakenFromAll(QLatin1String part)
+{
+    const auto &rows = currentStructure();
+    return std::any_of(rows.begin(), rows.end(), [part](const StructureRow &row) {
+        return row.part == part && row.taken == Taken::FirstOfAll;
+    });
+}
+
 /// Finds parts that stand where the same container has one already.
 void checkSinglePart(const CheckedFile &file, const StructureRow &row, Findings &findings)
 {
@@ -227,9 +236,10 @@ void checkSinglePart(const CheckedFile &file, const StructureRow &row, Findings 
             firstOfContainer.insert(container.index(), part.at());
             continue;
         }
-        findings.add(part.at(), QStringLiteral("a second <%1>: it is ignored, the one in line %2 counts")
-                                    .arg(row.part)
-                                    .arg(file.lineOf(*first)));
+        const bool isFirstRead = !isTakenFromAll(row.part) || file.tree().first(row.part).at() == *first;
+        const QString instead =
+            isFirstRead ? QStringLiteral(", the one in line %1 counts").arg(file.lineOf(*first)) : QString();
+        findings.add(part.at(), QStringLiteral("a second <%1>: it is ignored%2").arg(row.part, instead));
     }
 }
 

@@ -117,8 +117,8 @@ const std::vector<Rule> &allRules()
      "an element stands twice where the host takes one",
      "In the current format the first one counts and a second is ignored: of header elements in the "
      "document, of the parts of a column in their column. In the legacy format a second one "
-     "overwrites the first; a second SYSTPL overwrites what it names. Texts in several languages "
-     "(TextItem) are no finding.",
+     "overwrites the first, in a second SYSTPL as well. Texts in several languages (TextItem) are no "
+     "finding.",
      "<Column><Caption>...</Caption><Caption>...</Caption></Column>",
      "<Column><Caption>...</Caption></Column>"},
     {"nested-container", Severity::Warning, Formats::Current, checkNesting,
@@ -159,7 +159,8 @@ const std::vector<Rule> &allRules()
     {"not-a-number", Severity::Error, Formats::Both, checkNumbers,
      "a value that should be a number is none",
      "Numbers are read without units, thousands separators or decimal commas, and widths and orders "
-     "without decimal places. What does not convert reads as 0, which for a limit is another limit.",
+     "without decimal places. What does not convert reads as 0, which for a limit is another limit; a "
+     "limit too large for any number reads as infinite, or as the largest whole number.",
      "<Column Width=\"120px\"/>",
      "<Column Width=\"120\"/>"},
     {"number-out-of-range", Severity::Warning, Formats::Both, checkNumberRanges,
@@ -252,7 +253,8 @@ const std::vector<Rule> &allRules()
      "a view has no columns",
      "The host gets the view and shows an empty form. In the current format some fields of sections and "
      "nodes are left out of every view (column-excluded): a view of nothing else is empty. In the legacy "
-     "format columns come to a view by COL_ProgView_FK, which has to be the view's id.",
+     "format columns come to a view by COL_ProgView_FK, which has to be the view's id, and those of an "
+     "unknown data type do not come at all.",
      "<View Id=\"V1\" Name=\"Form\"/>",
      "<View Id=\"V1\" Name=\"Form\"><Column>...</Column></View>"},
     {"column-duplicate-binding", Severity::Warning, Formats::Both, checkDuplicateBindings,
@@ -329,7 +331,8 @@ const std::vector<Rule> &allRules()
     {"value-transfer-overwritten", Severity::Warning, Formats::Legacy, checkValueTransfers,
      "a reference takes back the value transfer",
      "COL_Template_FK, COL_Bound_TableDir_REF and COL_ValueTransfer are read into one flag, and the "
-     "last one decides. A reference reads as false. Put COL_ValueTransfer behind both.",
+     "last one decides. A reference reads as false, unless it says \"true\". Put COL_ValueTransfer "
+     "behind both.",
      "<COL_ValueTransfer>true</COL_ValueTransfer><COL_Template_FK>SEW</COL_Template_FK>",
      "<COL_Template_FK>SEW</COL_Template_FK><COL_ValueTransfer>true</COL_ValueTransfer>"},
     {"column-view-unknown", Severity::Error, Formats::Legacy, checkColumnViews,

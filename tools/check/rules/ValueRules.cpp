@@ -51,15 +51,18 @@ QString faultOfNumber(const ReadValue &read)
     }
     bool isConverted = false;
     const double number = text.toDouble(&isConverted);
-    if (!isConverted) {
-        const QString fault = isRealNumberText(text) ? QStringLiteral("too large or too small")
-                                                     : QStringLiteral("not a number");
-        return QStringLiteral("%1 %2 is %3: it reads as %4")
-            .arg(read.name, quoted(text), fault, inWords(number));
+    const bool isWhole = read.kind == ValueKind::WholeOfReal;
+    if (isConverted && !std::isnan(number)) {
+        return QString();
     }
-    return std::isnan(number) ? QStringLiteral("%1 %2 is no number that a value could be compared with")
-                                    .arg(read.name, quoted(text))
-                              : QString();
+    if (isConverted && !isWhole) {
+        return QStringLiteral("%1 %2 is no number that a value could be compared with")
+            .arg(read.name, quoted(text));
+    }
+    const QString fault =
+        isRealNumberText(text) ? QStringLiteral("too large or too small") : QStringLiteral("not a number");
+    return QStringLiteral("%1 %2 is %3: it reads as %4")
+        .arg(read.name, quoted(text), fault, inWords(isWhole ? toSaturatedInt(number) : number));
 }
 
 bool isFlagText(const QString &text)
@@ -128,10 +131,11 @@ void checkNumberRanges(const CheckedFile &file, Findings &findings)
             findings.add(read.value.at, QStringLiteral("%1 %2 does not fit into 32 bits: it reads as 0")
                                             .arg(read.name, quoted(text)));
         } else if (read.kind == ValueKind::WholeOfReal) {
-            const double number = text.toDouble();
-            const double whole = std::trunc(number);
+            bool isConverted = false;
+            const double number = text.toDouble(&isConverted);
             const int kept = toSaturatedInt(number);
-            if (std::isfinite(whole) && whole != static_cast<double>(kept)) {
+            const bool isKept = std::isnan(number) || std::trunc(number) == static_cast<double>(kept);
+            if (isConverted && !isKept) {
                 findings.add(read.value.at, QStringLiteral("%1 %2 does not fit into 32 bits: it becomes %3")
                                                 .arg(read.name, quoted(text))
                                                 .arg(kept));
