@@ -207,8 +207,8 @@ void checkRepeatedAttributes(const CheckedFile &file, Findings &findings)
             if (const XmlAttribute *earlier = tree.sameAttributeBefore(node, i)) {
                 const XmlAttribute &later = tree.attribute(node.firstAttribute + i);
                 findings.add(later.at, QStringLiteral("%1 is given twice: %2 is dropped, %3 counts")
-                                           .arg(tree.nameOf(later).toString(), quoted(tree.valueOf(*earlier)),
-                                                quoted(tree.valueOf(later))));
+                                           .arg(inBrief(tree.nameOf(later).toString()),
+                                                quoted(tree.valueOf(*earlier)), quoted(tree.valueOf(later))));
             }
         }
     }
@@ -234,7 +234,7 @@ void checkRoot(const CheckedFile &file, Findings &findings)
         const QString nearest = nearestOf(name, legacyElementNames(QString()));
         findings.add(root.at(), QStringLiteral("<%1> is no root that the host knows: nothing in the file is "
                                                "read, and the host gets an empty template%2")
-                                    .arg(name, suggestion(nearest)));
+                                    .arg(inBrief(name), suggestion(nearest)));
     }
 }
 

@@ -28,9 +28,9 @@ bool isPlural(const XmlElement &element)
 
 void addUnknownElement(const XmlElement &element, const QString &nearest, Findings &findings)
 {
-    const QString name = element.name();
     const QString message =
-        QStringLiteral("<%1> means nothing to the host: it is not read").arg(name) + suggestion(nearest);
+        QStringLiteral("<%1> means nothing to the host: it is not read").arg(inBrief(element.name())) +
+        suggestion(nearest);
     findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning, element.at(), message);
 }
 
@@ -214,10 +214,10 @@ void checkAttributes(const XmlElement &element, const QStringList &known, const 
         const QString nearest = isPart ? QString() : nearestOf(name, known);
         const QString hint =
             isPart ? QStringLiteral("; write it as an element, <%1>").arg(name) : suggestion(nearest);
-        findings.add(
-            isPart || !nearest.isEmpty() ? Severity::Warning : Severity::Note, attribute->at,
-            QStringLiteral("%1 means nothing to the host on <%2>: it is not read").arg(name, element.name()) +
-                hint);
+        findings.add(isPart || !nearest.isEmpty() ? Severity::Warning : Severity::Note, attribute->at,
+                     QStringLiteral("%1 means nothing to the host on <%2>: it is not read")
+                             .arg(inBrief(name), element.name()) +
+                         hint);
     }
 }
 
