@@ -117,7 +117,8 @@ const std::vector<Rule> &allRules()
      "a container within another of its kind lends it what it holds",
      "Elements are found at any depth: an outer view gets the columns of a view within it as well, a "
      "list the items of a list, a legend the classes of a legend, and a column the parts that it does "
-     "not have itself. Close the outer one before the inner one begins.",
+     "not have itself. An item of a list, a default value and a class of a legend take what they do not "
+     "have before the inner one. Close the outer one before the inner one begins.",
      "<View Id=\"A\"><View Id=\"B\"><Column/></View></View>",
      "<View Id=\"A\"/><View Id=\"B\"><Column/></View>"},
     {"missing-id", Severity::Warning, Formats::Both, checkIds,
