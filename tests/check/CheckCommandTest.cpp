@@ -70,6 +70,8 @@ private Q_SLOTS:
     void wrongUsageEndsWithTwo();
     void unreadableFileKeepsNoOtherFromBeingChecked();
     void folderIsSearchedInTheOrderOfNames();
+    void formatIsThatOfTheWholePath_data();
+    void formatIsThatOfTheWholePath();
     void folderWithoutTemplatesIsComplainedAbout();
     void whatIsNoFileInAFolderIsComplainedAbout_data();
     void whatIsNoFileInAFolderIsComplainedAbout();
@@ -159,6 +161,41 @@ void CheckCommandTest::folderIsSearchedInTheOrderOfNames()
     QVERIFY2(first == 0 && second > first && third > second, result.output.constData());
     QVERIFY2(result.output.endsWith("3 files checked: 1 error, 2 warnings, 0 notes\n"),
              result.output.constData());
+}
+
+void CheckCommandTest::formatIsThatOfTheWholePath_data()
+{
+    QTest::addColumn<QString>("standingIn");
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<QByteArray>("output");
+    const auto row = [](const char *name, const char *standingIn, const char *argument, const char *output) {
+        QTest::newRow(name) << QString::fromLatin1(standingIn) << QString::fromLatin1(argument)
+                            << QByteArray(output);
+    };
+    const char *nothing = "1 file checked, nothing found\n";
+    row("within the current one's folder", "templates_new", "x.xml", nothing);
+    row("the folder itself", "templates_new", ".", nothing);
+    row("below it", "templates_new/area", "..", nothing);
+    row("within the legacy one's folder", "templates", "x.xml", nothing);
+    row("from one to the other", "templates", "../templates_new/x.xml", nothing);
+    row("and back", "templates_new", "../templates/x.xml", nothing);
+    row("a legacy one in the wrong folder", "templates_new/area", "wrong.txt", "wrong.txt:2:1: error: ");
+}
+
+void CheckCommandTest::formatIsThatOfTheWholePath()
+{
+    QFETCH(QString, standingIn);
+    QFETCH(QString, argument);
+    QFETCH(QByteArray, output);
+    const QTemporaryDir folder;
+    copyInto(folder, QStringLiteral("templates/not-a-number.near-miss.xml"),
+             QStringLiteral("templates/x.xml"));
+    copyInto(folder, QStringLiteral("templates/not-a-number.near-miss.xml"),
+             QStringLiteral("templates_new/area/wrong.txt"));
+    copyInto(folder, QStringLiteral("templates_new/not-a-number.near-miss.xml"),
+             QStringLiteral("templates_new/x.xml"));
+    const Run result = run({argument}, folder.filePath(standingIn));
+    QVERIFY2(result.output.startsWith(output), result.output.constData());
 }
 
 void CheckCommandTest::folderWithoutTemplatesIsComplainedAbout()

@@ -30,6 +30,8 @@ void FaultPlacesTest::faultIsWhereItBegins_data()
     row("an unknown entity in a text", "<R>\n <a>&lt;|&nbsp;</a></R>", false);
     row("an unknown entity in a value", "<R>\n <a b='&lt;|&nbsp;'/></R>", false);
     row("an unknown entity beside a known one", "<!DOCTYPE R [<!ENTITY e 'text'>]><R>&e;|&f;</R>", false);
+    row("an ampersand behind entities of another file",
+        "<!DOCTYPE R SYSTEM 'r.dtd'><R b='&e;'>\n&f; <a>&g;|& y</a></R>");
     row("a repeated attribute", "<R>\n <a b='1' c='2'  |b='3' d='4'/></R>", false);
     row("an unknown prefix", "<R>\n |<p:a b='1' c='2'>x</p:a></R>", false);
     row("a byte that is no UTF-8", "<R>\n <a>x</a> <a>x|\xFFy</a></R>", false);

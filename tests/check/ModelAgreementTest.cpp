@@ -1,4 +1,5 @@
 #include "CheckDocuments.h"
+#include "support/TemporaryTemplate.h"
 #include "tools/check/CheckedFile.h"
 #include "tools/json/FileJson.h"
 
@@ -178,6 +179,16 @@ QStringList bandLines(const QJsonObject &loaded)
     return sorted(lines);
 }
 
+void compare(const TemplateModel &model, const QJsonObject &loaded)
+{
+    QCOMPARE(columnLines(model), columnLines(loaded));
+    QCOMPARE(listLines(model), listLines(loaded));
+    QCOMPARE(bandLines(model), bandLines(loaded));
+    const QJsonObject header = loaded.value(QLatin1String("template")).toObject();
+    QCOMPARE(model.header.uniqueId.text, header.value(QLatin1String("uniqueId")).toString());
+    QCOMPARE(model.header.key.text, header.value(QLatin1String("key")).toString());
+}
+
 } // namespace
 
 class ModelAgreementTest : public QObject
@@ -187,6 +198,8 @@ class ModelAgreementTest : public QObject
 private Q_SLOTS:
     void modelIsWhatTheLibraryLoads_data();
     void modelIsWhatTheLibraryLoads();
+    void modelHasThePiecesOfDividedTexts_data();
+    void modelHasThePiecesOfDividedTexts();
 };
 
 void ModelAgreementTest::modelIsWhatTheLibraryLoads_data()
@@ -212,12 +225,36 @@ void ModelAgreementTest::modelIsWhatTheLibraryLoads()
         !loaded.value(QLatin1String("ok")).toBool()) {
         return; // no rule looks at what such a file holds
     }
-    QCOMPARE(columnLines(file.model()), columnLines(loaded));
-    QCOMPARE(listLines(file.model()), listLines(loaded));
-    QCOMPARE(bandLines(file.model()), bandLines(loaded));
-    const QJsonObject header = loaded.value(QLatin1String("template")).toObject();
-    QCOMPARE(file.model().header.uniqueId.text, header.value(QLatin1String("uniqueId")).toString());
-    QCOMPARE(file.model().header.key.text, header.value(QLatin1String("key")).toString());
+    compare(file.model(), loaded);
+}
+
+void ModelAgreementTest::modelHasThePiecesOfDividedTexts_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    for (const auto *text : {"A&x;B", "&x;A", "A&x;", "&x;", "<!-- c -->A&x;B", "A<![CDATA[B]]>&x;C"}) {
+        QTest::newRow(text) << QByteArray(text);
+    }
+}
+
+void ModelAgreementTest::modelHasThePiecesOfDividedTexts()
+{
+    QFETCH(QByteArray, text);
+    // What holds the other texts together is whole.
+    QByteArray sections("<SYSTPL><TPL_PK>T</TPL_PK><TPL_Key>*</TPL_Key></SYSTPL>"
+                        "<PROGVIEW><PV_PK>V</PV_PK><PV_Key>*</PV_Key></PROGVIEW>"
+                        "<SYSCOL><COL_ProgView_FK>V</COL_ProgView_FK><COL_DataType>TXT</COL_DataType>"
+                        "<COL_Caption>*</COL_Caption><COL_Bound_Column>*</COL_Bound_Column></SYSCOL>"
+                        "<SYSLIST><LIST_Name>L</LIST_Name><LIST_Item>*</LIST_Item></SYSLIST>"
+                        "<LegendOfClassification><Section><class id='*' color='*'><legendA>*</legendA>"
+                        "</class></Section></LegendOfClassification>");
+    const bool isForAttributes = !text.contains('<');
+    sections.replace("'*'", isForAttributes ? '\'' + text + '\'' : QByteArray("''")).replace('*', text);
+    const TemporaryTemplate document(QStringLiteral("templates"),
+                                     "<!DOCTYPE TobrixTemplate SYSTEM 't.dtd'><TobrixTemplate>" + sections +
+                                         "</TobrixTemplate>");
+    const QJsonObject loaded = describeTemplate(document.path());
+    QVERIFY(loaded.value(QLatin1String("ok")).toBool());
+    compare(CheckedFile(document.path()).model(), loaded);
 }
 
 QTEST_GUILESS_MAIN(ModelAgreementTest)

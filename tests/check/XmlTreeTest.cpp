@@ -130,11 +130,15 @@ private Q_SLOTS:
     void nodesKnowTheirPlaces();
     void treeIsWhatTheParserMakes_data();
     void treeIsWhatTheParserMakes();
+    void entityOfAnotherFileDividesAText_data();
+    void entityOfAnotherFileDividesAText();
     void brokenDocumentComesToAnEnd_data();
     void brokenDocumentComesToAnEnd();
     void unknownEntitiesAreFound();
     void documentTypeThatAddsElementsIsNotFollowed_data();
     void documentTypeThatAddsElementsIsNotFollowed();
+    void entityThatDividesATextIsNotFollowed_data();
+    void entityThatDividesATextIsNotFollowed();
 };
 
 void XmlTreeTest::placesCountCharactersFromOne_data()
@@ -232,6 +236,30 @@ void XmlTreeTest::treeIsWhatTheParserMakes()
     QCOMPARE(linesOf(file.tree().root()), linesOf(dom.documentElement()));
 }
 
+void XmlTreeTest::entityOfAnotherFileDividesAText_data()
+{
+    QTest::addColumn<QByteArray>("source");
+    const auto row = [](const char *name, const char *documentType, const char *element) {
+        QTest::newRow(name) << QByteArray("<!DOCTYPE r ") + documentType + ">" + element;
+    };
+    row("between two pieces", "SYSTEM 'r.dtd'", "<r>a&x;b</r>");
+    row("of a public file", "PUBLIC 'r' 'r.dtd'", "<r>a&x;b</r>");
+    row("at both ends", "SYSTEM 'r.dtd'", "<r>&x;a&y;</r>");
+    row("twice in a row", "SYSTEM 'r.dtd'", "<r>a&x;&x;b<e/>&x;</r>");
+    row("beside known ones", "SYSTEM 'r.dtd' [<!ENTITY own '1'>]", "<r>&own;&lt;&#65;&x;&#x42;&gt;&own;</r>");
+    row("beside CDATA", "SYSTEM 'r.dtd'", "<r><![CDATA[&x;]]>&x;a</r>");
+    row("in an attribute", "SYSTEM 'r.dtd'", "<r b='1&x;&lt;2'/>");
+}
+
+void XmlTreeTest::entityOfAnotherFileDividesAText()
+{
+    QFETCH(QByteArray, source);
+    const XmlTree tree(QString::fromUtf8(source), XmlFlavour::Stream);
+    QVERIFY(!tree.unknownEntities().empty());
+    QCOMPARE(tree.unfollowedDocumentType(), -1);
+    QCOMPARE(tokensOf(tree), tokensOf(source));
+}
+
 void XmlTreeTest::brokenDocumentComesToAnEnd_data()
 {
     QTest::addColumn<QString>("source");
@@ -308,6 +336,23 @@ void XmlTreeTest::documentTypeThatAddsElementsIsNotFollowed()
     const XmlTree tree(QStringLiteral("<!DOCTYPE a [%1]><a/>").arg(documentType), XmlFlavour::Dom);
     QCOMPARE(tree.unfollowedDocumentType(), isFollowed ? -1 : 0);
     QCOMPARE(tree.root().name(), QStringLiteral("a"));
+}
+
+void XmlTreeTest::entityThatDividesATextIsNotFollowed_data()
+{
+    QTest::addColumn<QString>("documentType");
+    QTest::addColumn<bool>("isFollowed");
+    QTest::newRow("known entities within") << "SYSTEM 'a.dtd' [<!ENTITY e '&f;&lt;'><!ENTITY f 'x'>]" << true;
+    QTest::newRow("an unknown one within") << "SYSTEM 'a.dtd' [<!ENTITY e 'x&f;y'>]" << false;
+    QTest::newRow("an unknown one, without another file") << "[<!ENTITY e 'x&f;y'>]" << true;
+}
+
+void XmlTreeTest::entityThatDividesATextIsNotFollowed()
+{
+    QFETCH(QString, documentType);
+    QFETCH(bool, isFollowed);
+    const XmlTree tree(QStringLiteral("<!DOCTYPE a %1><a/>").arg(documentType), XmlFlavour::Stream);
+    QCOMPARE(tree.unfollowedDocumentType(), isFollowed ? -1 : 0);
 }
 
 QTEST_GUILESS_MAIN(XmlTreeTest)

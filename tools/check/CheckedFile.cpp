@@ -12,6 +12,7 @@
 #include <QBuffer>
 #include <QDomDocument>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -20,6 +21,13 @@ namespace Tobrix::Tools {
 using namespace Templates;
 
 namespace {
+
+/// Whether the host reads a file as the current format. It is given whole paths, whatever a file is called
+/// from where somebody stands.
+bool isCurrentFormatFile(const QString &fileName)
+{
+    return !fileName.isEmpty() && isCurrentFormatPath(QFileInfo(fileName).absoluteFilePath());
+}
 
 /// As much of a file as one would look for a place in.
 QByteArray beginningOf(const QString &fileName)
@@ -50,7 +58,7 @@ bool isUndecodable(const XmlVerdict &verdict)
 } // namespace
 
 CheckedFile::CheckedFile(const QString &fileName)
-    : m_fileName(fileName), m_isCurrent(isCurrentFormatPath(fileName))
+    : m_fileName(fileName), m_isCurrent(isCurrentFormatFile(fileName))
 {
     read();
 }

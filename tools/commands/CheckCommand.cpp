@@ -110,7 +110,7 @@ CheckOptions::CheckOptions()
         QStringLiteral("FILE|FOLDER"),
         QStringLiteral(
             "A template file, or a folder that is searched for *.xml. A file is checked as the "
-            "current format when its path contains \"templates_new/\", else as the legacy format."));
+            "current format when its whole path contains \"templates_new/\", else as the legacy format."));
 }
 
 std::optional<ExitStatus> CheckOptions::parse(const QStringList &arguments, Console &console)

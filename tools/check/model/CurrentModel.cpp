@@ -44,6 +44,16 @@ ValueKind kindOf(ElementName element, QLatin1String attribute)
     return row == std::end(elementAttributes) ? ValueKind::Text : row->kind;
 }
 
+/// The nearest element around another one that has the name of a third, which is around it as well.
+XmlElement nearestLike(const XmlElement &container, const XmlElement &element)
+{
+    XmlElement around = element.parent();
+    while (around.nameNumber() != container.nameNumber()) {
+        around = around.parent();
+    }
+    return around;
+}
+
 class CurrentModelBuilder
 {
 public:
@@ -185,6 +195,10 @@ void CurrentModelBuilder::readDefaults()
     const XmlElement container = m_document.first(textOf(ElementName::DefaultValues));
     for (const auto &scope : container.all(textOf(ElementName::DefaultValueScope))) {
         for (const auto &element : scope.all(textOf(ElementName::DefaultValueItem))) {
+            // One in a scope within this one is read again, behind these: it counts there.
+            if (!(nearestLike(scope, element) == scope)) {
+                continue;
+            }
             DefaultModel item;
             item.at = element.at();
             item.view = read(element, ElementName::DefaultValueItem, QLatin1String("View"));

@@ -57,6 +57,7 @@ std::vector<LegacyReading> SectionWalk::read()
             break;
         case XmlNode::Comment:
         case XmlNode::Instruction:
+        case XmlNode::Reference:
             if (m_rule == TextRule::DirectlyAfterStartTag) {
                 m_current = -1;
             }

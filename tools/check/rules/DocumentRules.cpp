@@ -130,6 +130,20 @@ void checkFirstElement(const CheckedFile &file, const std::vector<XmlElement> &e
     }
 }
 
+QString effectOfUnknownEntity(const XmlTree &tree, int at)
+{
+    if (tree.flavour() == XmlFlavour::Dom) {
+        return QStringLiteral("it is left out of the text");
+    }
+    const auto &nodes = tree.nodes();
+    const auto node = std::lower_bound(nodes.begin(), nodes.end(), at,
+                                       [](const XmlNode &a, int place) { return a.at < place; });
+    const bool isInText = node != nodes.end() && node->at == at;
+    return isInText ? QStringLiteral("it is left out, and the host reads at most one piece of the text that "
+                                     "it divides")
+                    : QStringLiteral("the host gets it as it stands");
+}
+
 bool hasUnknownRoot(const CheckedFile &file)
 {
     const XmlElement root = file.tree().root();
@@ -193,8 +207,8 @@ void checkRepeatedAttributes(const CheckedFile &file, Findings &findings)
             if (const XmlAttribute *earlier = tree.sameAttributeBefore(node, i)) {
                 const XmlAttribute &later = tree.attribute(node.firstAttribute + i);
                 findings.add(later.at, QStringLiteral("%1 is given twice: %2 is dropped, %3 counts")
-                                           .arg(tree.nameOf(later).toString(), quoted(tree.valueOf(*earlier)),
-                                                quoted(tree.valueOf(later))));
+                                           .arg(inBrief(tree.nameOf(later).toString()),
+                                                quoted(tree.valueOf(*earlier)), quoted(tree.valueOf(later))));
             }
         }
     }
@@ -202,11 +216,13 @@ void checkRepeatedAttributes(const CheckedFile &file, Findings &findings)
 
 void checkEntities(const CheckedFile &file, Findings &findings)
 {
+    const QString nothing =
+        file.tree().hasExternalSubset() ? QStringLiteral("nothing in the file") : QStringLiteral("nothing");
     for (const int at : file.tree().unknownEntities()) {
         const int end = file.source().indexOf(QLatin1Char(';'), at);
         const QString reference = file.source().mid(at, end - at + 1);
-        findings.add(
-            at, QStringLiteral("nothing declares %1: it is left out of the text").arg(quoted(reference)));
+        findings.add(at, QStringLiteral("%1 declares %2: %3")
+                             .arg(nothing, quoted(reference), effectOfUnknownEntity(file.tree(), at)));
     }
 }
 
@@ -231,7 +247,7 @@ void checkRoot(const CheckedFile &file, Findings &findings)
         const QString nearest = nearestOf(name, legacyElementNames(QString()));
         findings.add(root.at(), QStringLiteral("<%1> is no root that the host knows: nothing in the file is "
                                                "read, and the host gets an empty template%2")
-                                    .arg(name, suggestion(nearest)));
+                                    .arg(inBrief(name), suggestion(nearest)));
     }
 }
 

@@ -26,7 +26,7 @@ QString reversed(const std::vector<ListItemModel> &items)
             names.append(QStringLiteral("…"));
             break;
         }
-        names.append(item->item.text);
+        names.append(inBrief(item->item.text));
     }
     return names.join(QStringLiteral(", "));
 }

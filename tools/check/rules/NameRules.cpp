@@ -28,9 +28,9 @@ bool isPlural(const XmlElement &element)
 
 void addUnknownElement(const XmlElement &element, const QString &nearest, Findings &findings)
 {
-    const QString name = element.name();
     const QString message =
-        QStringLiteral("<%1> means nothing to the host: it is not read").arg(name) + suggestion(nearest);
+        QStringLiteral("<%1> means nothing to the host: it is not read").arg(inBrief(element.name())) +
+        suggestion(nearest);
     findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning, element.at(), message);
 }
 
@@ -205,10 +205,10 @@ void checkAttributes(const XmlElement &element, const QStringList &known, const 
         const QString nearest = isPart ? QString() : nearestOf(name, known);
         const QString hint =
             isPart ? QStringLiteral("; write it as an element, <%1>").arg(name) : suggestion(nearest);
-        findings.add(
-            isPart || !nearest.isEmpty() ? Severity::Warning : Severity::Note, attribute->at,
-            QStringLiteral("%1 means nothing to the host on <%2>: it is not read").arg(name, element.name()) +
-                hint);
+        findings.add(isPart || !nearest.isEmpty() ? Severity::Warning : Severity::Note, attribute->at,
+                     QStringLiteral("%1 means nothing to the host on <%2>: it is not read")
+                             .arg(inBrief(name), element.name()) +
+                         hint);
     }
 }
 
@@ -247,16 +247,67 @@ void checkSinglePart(const CheckedFile &file, const StructureRow &row, Findings 
 struct Nesting
 {
     QLatin1String container;
-    QLatin1String effect;
+    QLatin1String effect; ///< none where it lends only the parts that the outer one does not have before it
 };
 
 constexpr Nesting nestings[] = {
     {QLatin1String("View"), QLatin1String("the outer view gets its columns as well")},
     {QLatin1String("Column"), QLatin1String("the outer column takes from it what it does not have itself")},
     {QLatin1String("ValueList"), QLatin1String("its items are in the outer list as well")},
+    {QLatin1String("ValueListItem"), QLatin1String()},
+    {QLatin1String("DefaultValueScope"),
+     QLatin1String("its items are read with those of the outer one, and again behind them")},
+    {QLatin1String("DefaultValueItem"), QLatin1String()},
     {QLatin1String("ClassificationColorScope"),
      QLatin1String("its classes are read for the outer one as well")},
+    {QLatin1String("ClassificationColor"), QLatin1String()},
 };
+
+/// Knows which parts the elements of one name take from others of it within them.
+class LentParts
+{
+public:
+    explicit LentParts(QLatin1String container)
+    {
+        for (const auto &row : currentStructure()) {
+            if (row.container == container) {
+                m_parts.push_back(row.part);
+            }
+        }
+    }
+
+    /// The names of the parts that an element takes for its own, although they stand in another one.
+    QStringList of(const XmlElement &inner, const XmlElement &outer)
+    {
+        auto taken = m_taken.find(outer.index());
+        if (taken == m_taken.end()) {
+            taken = m_taken.insert(outer.index(), {});
+            for (const auto &part : m_parts) {
+                taken->push_back(outer.first(part));
+            }
+        }
+        QStringList names;
+        for (const auto &part : *taken) {
+            if (inner.contains(part)) {
+                names.append(part.name());
+            }
+        }
+        return names;
+    }
+
+private:
+    std::vector<QLatin1String> m_parts;
+    QHash<int, std::vector<XmlElement>> m_taken; // by outer elements
+};
+
+/// What an element does to the one of its kind around it; empty for nothing.
+QString effectOf(const Nesting &nesting, const QStringList &lentParts)
+{
+    if (!nesting.effect.isEmpty() || lentParts.isEmpty()) {
+        return nesting.effect;
+    }
+    return QStringLiteral("the outer one takes <%1> from it").arg(lentParts.join(QStringLiteral(">, <")));
+}
 
 } // namespace
 
@@ -322,11 +373,14 @@ void checkRepeatedElements(const CheckedFile &file, Findings &findings)
 void checkNesting(const CheckedFile &file, Findings &findings)
 {
     for (const auto &nesting : nestings) {
+        LentParts lentParts(nesting.container);
         for (const auto &element : file.tree().all(nesting.container)) {
-            if (!nearestAround(element, nesting.container).isNull()) {
-                findings.add(
-                    element.at(),
-                    QStringLiteral("a <%1> within another: %2").arg(nesting.container, nesting.effect));
+            const XmlElement outer = nearestAround(element, nesting.container);
+            const QString effect =
+                outer.isNull() ? QString() : effectOf(nesting, lentParts.of(element, outer));
+            if (!effect.isEmpty()) {
+                findings.add(element.at(),
+                             QStringLiteral("a <%1> within another: %2").arg(nesting.container, effect));
             }
         }
     }

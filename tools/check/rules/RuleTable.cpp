@@ -62,12 +62,14 @@ const std::vector<Rule> &allRules()
      "(xml-malformed). Remove the one that is not meant.",
      "<Column DataType=\"Text\" Width=\"80\" Width=\"120\"/>",
      "<Column DataType=\"Text\" Width=\"120\"/>"},
-    {"entity-unknown", Severity::Warning, Formats::Current, checkEntities,
+    {"entity-unknown", Severity::Warning, Formats::Both, checkEntities,
      "the text refers to an entity that nothing declares",
      "XML knows &lt; &gt; &amp; &quot; and &apos;. Others, such as those of HTML, have to be "
      "declared. The parser of the current format leaves a reference to an unknown one out of the "
-     "text; in the legacy format it is a fault that the file is refused for (xml-malformed). Write "
-     "the character itself, or its number.",
+     "text; in the legacy format it is a fault that the file is refused for (xml-malformed), unless the "
+     "document type names another file (SYSTEM, PUBLIC). The host does not read that file: a reference "
+     "then cuts the text in pieces, of which the host reads one at most, and stands in an attribute as it "
+     "is. Write the character itself, or its number.",
      "<TextItem>Length&nbsp;in m</TextItem>",
      "<TextItem>Length&#160;in m</TextItem>"},
     {"character-undecodable", Severity::Warning, Formats::Both, checkEncoding,
@@ -125,7 +127,8 @@ const std::vector<Rule> &allRules()
      "a container within another of its kind lends it what it holds",
      "Elements are found at any depth: an outer view gets the columns of a view within it as well, a "
      "list the items of a list, a legend the classes of a legend, and a column the parts that it does "
-     "not have itself. Close the outer one before the inner one begins.",
+     "not have itself. An item of a list, a default value and a class of a legend take what they do not "
+     "have before the inner one. Close the outer one before the inner one begins.",
      "<View Id=\"A\"><View Id=\"B\"><Column/></View></View>",
      "<View Id=\"A\"/><View Id=\"B\"><Column/></View>"},
     {"missing-id", Severity::Warning, Formats::Both, checkIds,
@@ -199,9 +202,9 @@ const std::vector<Rule> &allRules()
      "<TPL_Version>1</TPL_Version>"},
     {"text-ignored", Severity::Warning, Formats::Legacy, checkIgnoredTexts,
      "of a text in pieces only one is read",
-     "A comment, an instruction or CDATA cuts a text into pieces. In SYSTPL, PROGVIEW and SYSLIST the "
-     "first piece counts, be it white space; in SYSCOL only a piece that directly follows the start "
-     "tag; in legends the last one. Put the text into one piece.",
+     "A comment, an instruction, CDATA or a reference to an unknown entity cuts a text into pieces. In "
+     "SYSTPL, PROGVIEW and SYSLIST the first piece counts, be it white space; in SYSCOL only a piece that "
+     "directly follows the start tag; in legends the last one. Put the text into one piece.",
      "<COL_Caption><!-- short -->Length</COL_Caption>",
      "<COL_Caption>Length</COL_Caption>"},
     {"text-not-read", Severity::Warning, Formats::Current, checkUnreadTexts,

@@ -51,10 +51,15 @@ int tolerance(int size)
 
 } // namespace
 
-QString quoted(const QString &text)
+QString inBrief(const QString &text)
 {
     constexpr int widest = 40;
-    return QLatin1Char('"') + elided(printable(text), widest) + QLatin1Char('"');
+    return elided(printable(text), widest);
+}
+
+QString quoted(const QString &text)
+{
+    return QLatin1Char('"') + inBrief(text) + QLatin1Char('"');
 }
 
 QString inWords(double number)
@@ -116,7 +121,7 @@ QString NearestNames::of(const QString &name)
 
 QString suggestion(const QString &nearest)
 {
-    return nearest.isEmpty() ? QString() : QStringLiteral("; did you mean \"%1\"?").arg(nearest);
+    return nearest.isEmpty() ? QString() : QStringLiteral("; did you mean \"%1\"?").arg(printable(nearest));
 }
 
 } // namespace Tobrix::Tools

@@ -10,7 +10,10 @@ namespace Tobrix::Tools {
 
 // Pieces of the sentences that rules speak in.
 
-/// A text of a file in a sentence: in quotes, on one line, not too long.
+/// A text of a file in a sentence: on one line, not too long.
+QString inBrief(const QString &text);
+
+/// The same in quotes.
 QString quoted(const QString &text);
 
 /// A number in a sentence, without needless digits.

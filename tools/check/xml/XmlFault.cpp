@@ -93,7 +93,8 @@ bool FaultSearch::isReference(const QString &reference) const
 {
     static const QRegularExpression number(QStringLiteral("^#(?:([0-9]+)|x([0-9A-Fa-f]+))$"));
     if (reference.isEmpty() || !reference.startsWith(QLatin1Char('#'))) {
-        return !reference.isEmpty() && (!m_isStream || m_document.hasEntity(reference));
+        const bool isAccepted = !m_isStream || m_document.hasExternalSubset();
+        return !reference.isEmpty() && (isAccepted || m_document.hasEntity(reference));
     }
     const auto match = number.match(reference);
     bool isNumber = false;

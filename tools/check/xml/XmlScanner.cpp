@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace Tobrix::Tools {
 
 namespace {
@@ -71,17 +73,46 @@ void XmlScanner::scan()
 
 void XmlScanner::scanText(int end)
 {
-    if (end > m_at && !m_open.empty()) {
-        XmlNode text;
-        text.kind = XmlNode::Text;
-        text.at = m_at;
-        text.contentAt = m_at;
-        text.contentSize = end - m_at;
-        push(text);
+    if (!m_open.empty()) {
+        if (m_tree.m_flavour == XmlFlavour::Stream && m_tree.m_hasExternalSubset) {
+            splitText(end);
+        }
+        pushText(XmlNode::Text, end);
     } else if (const int stray = strayTextBefore(end); stray < end) {
         breakIf(true, stray);
     }
     m_at = end;
+}
+
+void XmlScanner::pushText(XmlNode::Kind kind, int end)
+{
+    if (end > m_at) {
+        XmlNode text;
+        text.kind = kind;
+        text.at = m_at;
+        text.contentAt = m_at;
+        text.contentSize = end - m_at;
+        push(text);
+    }
+    m_at = end;
+}
+
+void XmlScanner::splitText(int end)
+{
+    const int textAt = m_at;
+    const QStringView text = QStringView(m_source).mid(textAt, end - textAt);
+    qsizetype begin = text.indexOf(QLatin1Char('&'));
+    while (begin >= 0) {
+        const qsizetype semicolon = text.indexOf(QLatin1Char(';'), begin);
+        if (semicolon < 0) {
+            return;
+        }
+        if (m_tree.isUnknownEntity(text.mid(begin + 1, semicolon - begin - 1))) {
+            pushText(XmlNode::Text, textAt + static_cast<int>(begin));
+            pushText(XmlNode::Reference, textAt + static_cast<int>(semicolon) + 1);
+        }
+        begin = text.indexOf(QLatin1Char('&'), semicolon);
+    }
 }
 
 int XmlScanner::strayTextBefore(int end) const
@@ -263,11 +294,32 @@ void XmlScanner::readEntities(QStringView documentType, int at)
         }
         ++plainDeclarations;
     }
+    static const QRegularExpression externalSubset(
+        QStringLiteral("^<!DOCTYPE\\s+[^\\s\\[\"'>]+\\s+(?:SYSTEM|PUBLIC)\\s"));
+    m_tree.m_hasExternalSubset = externalSubset.match(declarations).hasMatch();
     const bool isPlain = declarations.count(QLatin1String("<!ENTITY")) == plainDeclarations &&
-                         !hasCharacterReference && !declarations.contains(QLatin1String("<!ATTLIST"));
+                         !hasCharacterReference && !declarations.contains(QLatin1String("<!ATTLIST")) &&
+                         !hasDividedEntity();
     if (!isPlain) {
         m_tree.m_unfollowedDocumentType = at;
     }
+}
+
+bool XmlScanner::hasDividedEntity() const
+{
+    if (m_tree.m_flavour != XmlFlavour::Stream || !m_tree.m_hasExternalSubset) {
+        return false;
+    }
+    static const QRegularExpression reference(QStringLiteral("&([^;]*);"));
+    return std::any_of(m_tree.m_entities.cbegin(), m_tree.m_entities.cend(), [this](const QString &text) {
+        auto matches = reference.globalMatch(text);
+        while (matches.hasNext()) {
+            if (m_tree.isUnknownEntity(matches.next().capturedView(1))) {
+                return true;
+            }
+        }
+        return false;
+    });
 }
 
 void XmlScanner::skipSpace()

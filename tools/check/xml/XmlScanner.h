@@ -15,11 +15,18 @@ public:
 private:
     void scanMarkup();
     void scanText(int end);
+    /// Takes a text, or a piece of one, that is not empty.
+    void pushText(XmlNode::Kind kind, int end);
+    /// Takes a text up to its last reference to an entity that another file may declare.
+    void splitText(int end);
     void scanStartTag();
     void scanAttributes();
     void scanEndTag();
     void scanDocumentType();
     void readEntities(QStringView documentType, int at);
+
+    /// Whether the text of an entity has a reference in it that the stream hands out on its own.
+    bool hasDividedEntity() const;
 
     /// Takes markup up to a terminator, which it passes.
     void scanTo(QLatin1String terminator, XmlNode::Kind kind, int openingSize);

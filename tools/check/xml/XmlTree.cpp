@@ -172,8 +172,11 @@ QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
             return rest.isNull() ? QStringLiteral("") : rest;
         }
         text += plain(raw.mid(from, begin - from));
-        text += entityText(raw.mid(begin + 1, end - begin - 1), nesting);
+        const QStringView name = raw.mid(begin + 1, end - begin - 1);
         from = end + 1;
+        // Of an attribute the stream leaves such a reference as it stands.
+        const bool isKept = isAttribute && m_flavour == XmlFlavour::Stream && isUnknownEntity(name);
+        text += isKept ? raw.mid(begin, from - begin).toString() : entityText(name, nesting);
     }
 }
 
@@ -201,7 +204,7 @@ std::vector<int> XmlTree::unknownEntities() const
 {
     std::vector<int> places;
     for (const auto &node : m_nodes) {
-        if (node.kind == XmlNode::Text) {
+        if (node.kind == XmlNode::Text || node.kind == XmlNode::Reference) {
             collectUnknownEntities(node.contentAt, node.contentSize, places);
         }
         for (int i = 0; i < node.attributeCount; ++i) {
@@ -222,7 +225,7 @@ void XmlTree::collectUnknownEntities(int at, int size, std::vector<int> &places)
             return;
         }
         const QStringView name = raw.mid(begin + 1, end - begin - 1);
-        if (!name.startsWith(QLatin1Char('#')) && !hasEntity(name)) {
+        if (isUnknownEntity(name)) {
             places.push_back(at + static_cast<int>(begin));
         }
         begin = raw.indexOf(QLatin1Char('&'), end);

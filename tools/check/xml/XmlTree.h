@@ -29,7 +29,14 @@ struct XmlAttribute
 /// A node, as places in its document's source. The nodes below an element are those behind it, up to its end.
 struct XmlNode
 {
-    enum Kind : unsigned char { Element, Text, CData, Comment, Instruction };
+    enum Kind : unsigned char {
+        Element,
+        Text,
+        CData,
+        Comment,
+        Instruction,
+        Reference ///< to an entity that may be declared elsewhere, which the stream hands out on its own
+    };
 
     Kind kind = Element;
     int at = 0;          ///< of the "<"; of the first character for a text, one in CDATA as well
@@ -89,10 +96,14 @@ public:
     /// Whether a text node has nothing but white space.
     bool isBlank(int index) const;
 
-    /// Where the document refers to entities that nothing declares.
+    /// Where the document refers to entities that nothing in it declares.
     std::vector<int> unknownEntities() const;
     /// Whether something declares an entity, XML itself included.
     bool hasEntity(QStringView name) const;
+
+    /// Whether the document type names another file that may declare entities. The stream does not read it,
+    /// but takes what refers to them.
+    bool hasExternalSubset() const { return m_hasExternalSubset; }
 
     XmlFlavour flavour() const { return m_flavour; }
 
@@ -115,6 +126,10 @@ private:
 
     QString expanded(QStringView raw, bool isAttribute, int nesting = 0) const;
     QString entityText(QStringView name, int nesting) const;
+    bool isUnknownEntity(QStringView name) const
+    {
+        return !name.startsWith(QLatin1Char('#')) && !hasEntity(name);
+    }
     void collectUnknownEntities(int at, int size, std::vector<int> &places) const;
 
     QString m_source;
@@ -124,6 +139,7 @@ private:
     QHash<QStringView, int> m_numbers;
     std::vector<QString> m_names; // by their numbers
     QHash<QString, QString> m_entities;
+    bool m_hasExternalSubset = false;
     int m_unfollowedDocumentType = -1;
     int m_brokenAt = -1;
     XmlUnfinished m_unfinished;
