@@ -84,6 +84,36 @@ void RulesTogetherTest::everythingIsFoundOnce_data()
            "in line 2 [element-not-first]\n"
            "6:1: warning: a second <Name>: it is ignored [element-repeated]\n"
         << "template/key" << QJsonValue(QStringLiteral("Stray"));
+    QTest::newRow("a key that is white space behind an empty element")
+        << "templates"
+        << head + "<PROGVIEW><PV_PK>V1</PV_PK><PV_Key/>\n</PROGVIEW>\n" +
+               legacyColumn("V1", "OBJ_Length", "DEC") + end
+        << "3:28: warning: the empty <PV_Key> takes the white space behind it: its text is that white space, "
+           "not empty [white-space-captured]\n"
+        << "views/0/key" << QJsonValue(QStringLiteral("\n"));
+    QTest::newRow("white space that rules of their own know the effect of")
+        << "templates_new"
+        << QByteArray(
+               "<ProjectStandard>\n"
+               "<TemplateIdentifier Id='STW-US' SystemOfUnits=' '><Name>Storm</Name></TemplateIdentifier>\n"
+               "<DefaultValues><DefaultValueScope><DefaultValueItem View=' ' Value='1'>"
+               "<BoundProperty "
+               "PropertyName='OBJ_Length'/></DefaultValueItem></DefaultValueScope></DefaultValues>\n"
+               "<View Id='V1' Name='Form'>\n"
+               "<Column DataType='Decimal' ControlType=' '><BoundProperty "
+               "PropertyName='OBJ_Length'/></Column>\n"
+               "</View>\n"
+               "</ProjectStandard>\n")
+        << "2:33: warning: SystemOfUnits \" \" is unknown: the template has no unit [unit-unknown]\n"
+           "3:35: warning: this default is never used: there is no view \" \" [default-unused]\n"
+           "5:28: warning: control \" \" is unknown: the column has no control [control-type-unknown]\n"
+        << "template/unit" << QJsonValue(QString());
+    QTest::newRow("a column of no view but white space")
+        << "templates"
+        << head + legacyView("V1", "Form") + legacyColumn("V1", "OBJ_Length", "DEC") +
+               legacyColumn(" ", "OBJ_Name", "TXT") + end
+        << "5:26: error: there is no view \" \": the host refuses the file [column-view-unknown]\n"
+        << "ok" << QJsonValue(false);
 }
 
 void RulesTogetherTest::everythingIsFoundOnce()

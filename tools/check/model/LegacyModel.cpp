@@ -191,7 +191,7 @@ private:
     const SectionTokens m_listItemTokens;
     const SectionTokens m_legendTokens;
     TemplateModel m_model;
-    SectionValues m_headerValues; // of all sections with some of them
+    SectionValues m_headerValues; // of all header sections
     ListsByName m_lists;
     QHash<QString, int> m_viewsById; // those that count
     bool m_hasGroup[2] = {};         // of the legends
@@ -304,7 +304,7 @@ SectionValues LegacyModelBuilder::valuesOver(SectionValues values, const std::ve
             continue;
         }
         noteOverwritten(reading, values.elementAt(reading.token));
-        const Value value{reading.value(), reading.at()};
+        const Value value{reading.value(), reading.at(), reading.isCaptured};
         if (value.isGiven()) {
             values.take(reading, value);
         }

@@ -16,14 +16,19 @@ namespace Tobrix::Tools {
 /// A value of the file: what the reader gets, and where it stands.
 struct Value
 {
-    QString text; ///< null when the file does not give it
-    int at = -1;  ///< of the attribute's name or of the text; of the element when there is none
+    QString text;            ///< null when the file does not give it
+    int at = -1;             ///< of the attribute's name or of the text; of the element when there is none
+    bool isCaptured = false; ///< whether it is the white space behind an empty element
 
     bool isGiven() const { return !text.isNull(); }
     bool isEmpty() const { return text.isEmpty(); }
 
+    /// Whether nobody sees anything of it.
+    bool isBlank() const { return text.trimmed().isEmpty(); }
+    bool isWhiteSpace() const { return !isEmpty() && isBlank(); }
+
     /// Whether white space stands around the value, so that it is another one than it seems to be.
-    bool isPadded() const { return text.size() != text.trimmed().size() && !text.trimmed().isEmpty(); }
+    bool isPadded() const { return text.size() != text.trimmed().size() && !isBlank(); }
 };
 
 /// A value with the name of its attribute or element, for the rules about values of any meaning. Plain texts
@@ -122,6 +127,8 @@ struct ColumnModel
     }
     /// Whether new records start with a value that the file or the library gives.
     bool hasDefault() const;
+    /// Whether it is bound to nothing that could be a field's name.
+    bool isUnbound() const { return path.trimmed().isEmpty(); }
 };
 
 struct ListItemModel

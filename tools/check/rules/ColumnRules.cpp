@@ -217,7 +217,7 @@ void checkDuplicateBindings(const CheckedFile &file, Findings &findings)
 {
     QHash<QString, const ColumnModel *> bound;
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
-        if (column.path.isEmpty() || isDecoration(column.control)) {
+        if (column.isUnbound() || isDecoration(column.control)) {
             return;
         }
         const QString key =
@@ -240,10 +240,13 @@ void checkDuplicateBindings(const CheckedFile &file, Findings &findings)
 void checkBindings(const CheckedFile &file, Findings &findings)
 {
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
-        if (column.path.isEmpty() && !column.isVirtual && !isDecoration(column.control)) {
-            findings.add(column.at,
-                         QStringLiteral("%1 is bound to no field: the host has nowhere to keep its value")
-                             .arg(nameOf(column)));
+        if (column.isUnbound() && !column.isVirtual && !isDecoration(column.control)) {
+            const QString fault = column.path.isEmpty()
+                                      ? QStringLiteral("is bound to no field")
+                                      : QStringLiteral("is bound to white space instead of a field");
+            findings.add(
+                column.path.isEmpty() ? column.at : column.boundColumn.at,
+                QStringLiteral("%1 %2: the host has nowhere to keep its value").arg(nameOf(column), fault));
         }
     });
 }
@@ -339,7 +342,7 @@ void checkIgnoredLengths(const CheckedFile &file, Findings &findings)
 void checkIgnoredFormats(const CheckedFile &file, Findings &findings)
 {
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
-        if (column.type != CTemplateColumn::Date && !column.displayFormat.isEmpty()) {
+        if (column.type != CTemplateColumn::Date && !column.displayFormat.isBlank()) {
             findings.add(
                 column.displayFormat.at,
                 QStringLiteral("%1 is a %2, and only dates have a display format: this one is ignored")

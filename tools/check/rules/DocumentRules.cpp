@@ -144,6 +144,23 @@ QString effectOfUnknownEntity(const XmlTree &tree, int at)
                     : QStringLiteral("the host gets it as it stands");
 }
 
+/// Whether an id or a key is one that nobody sees. White space behind an empty element is another rule's
+/// find.
+bool isMissing(const Value &name)
+{
+    return name.isBlank() && !name.isCaptured;
+}
+
+int placeOfMissing(const Value &name, int elementAt)
+{
+    return name.isEmpty() ? elementAt : name.at;
+}
+
+QString butWhiteSpace(const Value &name)
+{
+    return name.isEmpty() ? QString() : QStringLiteral(" but white space");
+}
+
 bool hasUnknownRoot(const CheckedFile &file)
 {
     const XmlElement root = file.tree().root();
@@ -269,15 +286,19 @@ void checkReachability(const CheckedFile &file, Findings &findings)
 void checkIds(const CheckedFile &file, Findings &findings)
 {
     const TemplateModel &model = file.model();
-    if (model.header.uniqueId.isEmpty()) {
-        findings.add(model.header.at, QStringLiteral("the template has no id: the host cannot tell it from "
-                                                     "others, and its registry does not know it"));
+    if (isMissing(model.header.uniqueId)) {
+        findings.add(placeOfMissing(model.header.uniqueId, model.header.at),
+                     QStringLiteral("the template has no id%1: the host cannot tell it from others, and its "
+                                    "registry does not know it")
+                         .arg(butWhiteSpace(model.header.uniqueId)));
     }
     for (const auto &view : model.views) {
-        if (view.id.isEmpty()) {
-            findings.add(view.at,
-                         QStringLiteral("the view has no id: of all views without one, the host gets "
-                                        "only the last"));
+        if (isMissing(view.id)) {
+            const QString others =
+                view.id.isEmpty() ? QStringLiteral("without one") : QStringLiteral("with the same");
+            findings.add(placeOfMissing(view.id, view.at),
+                         QStringLiteral("the view has no id%1: of all views %2, the host gets only the last")
+                             .arg(butWhiteSpace(view.id), others));
         }
     }
 }
@@ -285,14 +306,19 @@ void checkIds(const CheckedFile &file, Findings &findings)
 void checkKeys(const CheckedFile &file, Findings &findings)
 {
     const TemplateModel &model = file.model();
-    if (model.header.key.isEmpty()) {
+    if (isMissing(model.header.key)) {
         const QString element = file.isCurrent() ? QStringLiteral("Name") : QStringLiteral("TPL_Key");
-        findings.add(model.header.at,
-                     QStringLiteral("the template has no key (%1): the host shows none").arg(element));
+        findings.add(placeOfMissing(model.header.key, model.header.at),
+                     QStringLiteral("the template has no key (%1)%2: the host shows none")
+                         .arg(element, butWhiteSpace(model.header.key)));
     }
     for (const auto &view : model.views) {
-        if (view.key.isEmpty()) {
-            findings.add(view.at, QStringLiteral("the view has no key: the host cannot find it by one"));
+        if (isMissing(view.key)) {
+            const QString effect = view.key.isEmpty() ? QStringLiteral("cannot find it by one")
+                                                      : QStringLiteral("finds it by nothing else");
+            findings.add(
+                placeOfMissing(view.key, view.at),
+                QStringLiteral("the view has no key%1: the host %2").arg(butWhiteSpace(view.key), effect));
         }
     }
 }
@@ -313,7 +339,7 @@ void checkUnitSystem(const CheckedFile &file, Findings &findings)
 void checkType(const CheckedFile &file, Findings &findings)
 {
     const HeaderModel &header = file.model().header;
-    if (!header.type.isEmpty() || header.uniqueId.isEmpty()) {
+    if (!header.type.isEmpty() || header.uniqueId.isBlank()) {
         return;
     }
     const auto *application = AppLogic::CoreApplication::instance();

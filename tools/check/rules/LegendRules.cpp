@@ -183,7 +183,7 @@ void checkColours(const CheckedFile &file, Findings &findings)
         const QString &text = band.color.text;
         if (text.isEmpty()) {
             findings.add(band.at, QStringLiteral("the class from %1 has no colour").arg(rangeOf(band)));
-        } else if (!isColour(text) && !isColour(text.trimmed())) {
+        } else if (!band.color.isBlank() && !isColour(text) && !isColour(text.trimmed())) {
             findings.add(band.color.at, QStringLiteral("%1 is no colour: the host gets the text as it is and "
                                                        "shows what it shows for unknown ones")
                                             .arg(quoted(text)));

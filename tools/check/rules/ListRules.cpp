@@ -55,7 +55,7 @@ void checkUnknownLists(const CheckedFile &file, Findings &findings)
     NearestNames nearest(names);
     for (const auto &column : model.columns) {
         const Value &name = column.listName;
-        if (!column.isBuilt() || name.isEmpty() || name.isPadded() || model.list(name.text)) {
+        if (!column.isBuilt() || name.isBlank() || name.isPadded() || model.list(name.text)) {
             continue;
         }
         findings.add(name.at,

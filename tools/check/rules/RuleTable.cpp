@@ -189,8 +189,8 @@ const std::vector<Rule> &allRules()
     {"white-space-around-value", Severity::Warning, Formats::Both, checkSpaceAround,
      "white space stands around a value that is compared exactly",
      "Names, codes, keys and flags are compared letter by letter, blanks and line breaks included. A "
-     "list called \" Material\" is not the list Material, and \" true\" is not true. Numbers are not "
-     "affected.",
+     "list called \" Material\" is not the list Material, and \" true\" is not true. One of white space "
+     "alone is not an empty one. Numbers are not affected.",
      "<ValueListName> Material </ValueListName>",
      "<ValueListName>Material</ValueListName>"},
     {"white-space-captured", Severity::Warning, Formats::Legacy, checkCapturedSpace,

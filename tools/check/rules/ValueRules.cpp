@@ -7,6 +7,8 @@
 
 #include "rawdata/SaturatedInt_p.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -102,10 +104,52 @@ bool isOneOf(const QString &text, const Spellings &spellings)
                        [&plain](QLatin1String spelling) { return plain == spelling; });
 }
 
+/// The places of values of white space that rules of their own judge, which know what is lost with them.
+QSet<int> placesOfJudgedBlanks(const TemplateModel &model)
+{
+    QSet<int> places;
+    const auto insert = [&places](const Value &value) {
+        if (value.isWhiteSpace()) {
+            places.insert(value.at);
+        }
+    };
+    insert(model.header.uniqueId);
+    insert(model.header.key);
+    insert(model.header.unitSystem);
+    for (const auto &view : model.views) {
+        insert(view.id);
+        insert(view.key);
+    }
+    for (const auto &column : model.columns) {
+        insert(column.viewRef);
+        insert(column.controlType);
+        if (column.isUnbound()) {
+            insert(column.boundColumn);
+        }
+    }
+    for (const auto &item : model.defaults) {
+        insert(item.view);
+    }
+    return places;
+}
+
 /// Names that rules of their own judge, which know what is lost with them.
 bool isJudgedElsewhere(const QString &name)
 {
     return name == QLatin1String("DataType");
+}
+
+/// Finds values that are nothing but white space, and are compared with others nonetheless.
+void checkBlanks(const CheckedFile &file, Findings &findings)
+{
+    const QSet<int> judged = placesOfJudgedBlanks(file.model());
+    for (const auto &read : file.model().values) {
+        if (read.kind == ValueKind::Exact && read.value.isWhiteSpace() && !judged.contains(read.value.at)) {
+            findings.add(
+                read.value.at,
+                QStringLiteral("%1 is only white space: that is its value, not an empty one").arg(read.name));
+        }
+    }
 }
 
 } // namespace
@@ -173,6 +217,7 @@ void checkFlags(const CheckedFile &file, Findings &findings)
 
 void checkSpaceAround(const CheckedFile &file, Findings &findings)
 {
+    checkBlanks(file, findings);
     for (const auto &read : file.model().values) {
         if (!read.value.isPadded() || isJudgedElsewhere(read.name)) {
             continue;

@@ -81,8 +81,8 @@ QString nameOf(const ColumnModel &column)
     if (!caption.isEmpty()) {
         return QStringLiteral("column %1").arg(quoted(caption));
     }
-    return column.path.isEmpty() ? QStringLiteral("the column")
-                                 : QStringLiteral("column %1").arg(quoted(column.path));
+    return column.isUnbound() ? QStringLiteral("the column")
+                              : QStringLiteral("column %1").arg(quoted(column.path));
 }
 
 QString nearestOf(const QString &name, const QStringList &candidates)
