@@ -170,18 +170,24 @@ void checkViewKeys(const CheckedFile &file, Findings &findings)
 void checkEmptyViews(const CheckedFile &file, Findings &findings)
 {
     const TemplateModel &model = file.model();
-    const auto isLost = [](const ColumnModel &column) { return column.view < 0; };
+    const auto isLost = [](const ColumnModel &column) {
+        return column.view < 0 && column.type != CTemplateColumn::Unknown;
+    };
+    // In the legacy format nothing is left of a column whose type is unknown, not even its place.
+    const auto isAbsent = [&file](const ColumnModel *column) {
+        return column->isExcluded || (!file.isCurrent() && column->type == CTemplateColumn::Unknown);
+    };
     if (std::any_of(model.columns.begin(), model.columns.end(), isLost)) {
         return; // where the columns belong is another rule's question
     }
     for (std::size_t i = 0; i < model.views.size(); ++i) {
         const auto columns = model.columnsOf(i);
-        const bool isEmpty = std::all_of(columns.begin(), columns.end(),
-                                         [](const ColumnModel *column) { return column->isExcluded; });
+        const bool isEmpty = std::all_of(columns.begin(), columns.end(), isAbsent);
         if (!model.views[i].isReplaced() && isEmpty) {
-            const QString fault = columns.empty()
-                                      ? QStringLiteral("has no columns")
-                                      : QStringLiteral("has only columns that are left out of every view");
+            const QString fault = columns.empty() ? QStringLiteral("has no columns")
+                                  : file.isCurrent()
+                                      ? QStringLiteral("has only columns that are left out of every view")
+                                      : QStringLiteral("has only columns of unknown data type");
             findings.add(model.views[i].at, QStringLiteral("view %1 %2: the host shows an empty form")
                                                 .arg(quoted(model.views[i].key.text), fault));
         }

@@ -236,7 +236,8 @@ const std::vector<Rule> &allRules()
      "a view has no columns",
      "The host gets the view and shows an empty form. In the current format some fields of sections and "
      "nodes are left out of every view (column-excluded): a view of nothing else is empty. In the legacy "
-     "format columns come to a view by COL_ProgView_FK, which has to be the view's id.",
+     "format columns come to a view by COL_ProgView_FK, which has to be the view's id, and those of unknown "
+     "data type do not come at all.",
      "<View Id=\"V1\" Name=\"Form\"/>",
      "<View Id=\"V1\" Name=\"Form\"><Column>...</Column></View>"},
     {"column-duplicate-binding", Severity::Warning, Formats::Both, checkDuplicateBindings,
