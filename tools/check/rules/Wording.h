@@ -8,7 +8,8 @@
 
 namespace Tobrix::Tools {
 
-// Pieces of the sentences that rules speak in.
+// Pieces of the sentences that rules speak in. All of a sentence goes into one call of QString::arg(): a second
+// call would take a "%1" in a text of the file for its own.
 
 /// A text of a file in a sentence: on one line, not too long.
 QString inBrief(const QString &text);
