@@ -156,13 +156,14 @@ void ReportTest::findingsComeInTheOrderOfTheFileAndOnce()
     findings.begin(allRules().at(0));
     findings.add(10, QStringLiteral("another rule's"));
     findings.begin(allRules().at(1));
-    findings.add(10, QStringLiteral("early once more"));
+    findings.add(10, QStringLiteral("early"));
+    findings.add(10, QStringLiteral("as early"));
     QStringList messages;
     for (const auto &finding : findings.sorted()) {
         messages.append(finding.message);
     }
     QCOMPARE(messages, (QStringList{QStringLiteral("early"), QStringLiteral("another rule's"),
-                                    QStringLiteral("late")}));
+                                    QStringLiteral("as early"), QStringLiteral("late")}));
 }
 
 QTEST_GUILESS_MAIN(ReportTest)

@@ -72,10 +72,8 @@ void addTie(const CheckedFile &file, const std::vector<const ColumnModel *> &tie
     findings.add(
         placeOf(second.sortOrder, second.at),
         QStringLiteral("%1 has the sort order of %2 in line %3, %4%5: which comes first is left to chance")
-            .arg(nameOf(second), nameOf(first))
-            .arg(file.lineOf(first.at))
-            .arg(first.order)
-            .arg(others));
+            .arg(nameOf(second), nameOf(first), QString::number(file.lineOf(first.at)),
+                 QString::number(first.order), others));
 }
 
 /// What a view has instead of columns that a host gets.
@@ -231,9 +229,8 @@ void checkDuplicateBindings(const CheckedFile &file, Findings &findings)
             column.boundColumn.at,
             QStringLiteral("%1 and %2 in line %3 are both bound to %4: by that name the host finds only "
                            "the one that is sorted first")
-                .arg(nameOf(column), nameOf(*earlier))
-                .arg(file.lineOf(earlier->at))
-                .arg(quoted(column.path)));
+                .arg(nameOf(column), nameOf(*earlier), QString::number(file.lineOf(earlier->at)),
+                     quoted(column.path)));
     });
 }
 

@@ -123,9 +123,8 @@ void addBeyondType(const ColumnModel &column, Findings &findings)
     const bool isInteger = column.type == CTemplateColumn::Integer;
     findings.add(column.defaultValue.at,
                  QStringLiteral("default %1 of %2 does not fit into %3 bits: it becomes %4")
-                     .arg(quoted(text), nameOf(column))
-                     .arg(isInteger ? 32 : 64)
-                     .arg(inWords(isInteger ? 0.0 : text.toDouble())));
+                     .arg(quoted(text), nameOf(column), QString::number(isInteger ? 32 : 64),
+                          inWords(isInteger ? 0.0 : text.toDouble())));
 }
 
 bool isTrueOrNone(const QString &text)
@@ -188,8 +187,8 @@ void checkOverwrittenDefaults(const CheckedFile &file, Findings &findings)
         if (item.overwrites >= 0) {
             findings.add(item.at, QStringLiteral(
                                       "a second default for %1 in view %2: it overwrites the one in line %3")
-                                      .arg(quoted(item.path), quoted(item.view.text))
-                                      .arg(file.lineOf(item.overwrites)));
+                                      .arg(quoted(item.path), quoted(item.view.text),
+                                           QString::number(file.lineOf(item.overwrites))));
         }
     }
 }
@@ -241,8 +240,7 @@ void checkDefaultLengths(const CheckedFile &file, Findings &findings)
             findings.add(column.defaultValue.at,
                          QStringLiteral("default %1 has %2: %3 stores at most %4")
                              .arg(quoted(column.defaultValue.text), lengthInWords(column.defaultValue.text),
-                                  nameOf(column))
-                             .arg(column.maximumLength));
+                                  nameOf(column), QString::number(column.maximumLength)));
         }
     });
 }

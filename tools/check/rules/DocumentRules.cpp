@@ -123,10 +123,10 @@ void checkFirstElement(const CheckedFile &file, const std::vector<XmlElement> &e
         findings.add(read.at(), QStringLiteral("the header has no <%1>: the host takes this one, %2")
                                     .arg(read.name(), quoted(read.text())));
     } else if (!(read == meant)) {
-        findings.add(meant.at(), QStringLiteral("this is not the first <%1> of the file: the template gets "
-                                                "%2 from the one in line %3")
-                                     .arg(read.name(), quoted(read.text()))
-                                     .arg(file.lineOf(read.at())));
+        findings.add(meant.at(),
+                     QStringLiteral("this is not the first <%1> of the file: the template gets "
+                                    "%2 from the one in line %3")
+                         .arg(read.name(), quoted(read.text()), QString::number(file.lineOf(read.at()))));
     }
 }
 

@@ -95,6 +95,14 @@ bool checkScope(const XmlElement &scope, QLatin1String attributeName, const QStr
     return false;
 }
 
+/// The value of an attribute with its place, or with that of the element that has none.
+Value attributeOf(const XmlElement &element, QLatin1String name)
+{
+    const XmlAttribute *attribute = element.attribute(name);
+    return attribute ? Value{element.tree().valueOf(*attribute), attribute->at}
+                     : Value{QString(), element.at()};
+}
+
 /// What the presets for sections come to: the scan for them ends with the first that completes them.
 struct SectionPresets
 {
@@ -106,9 +114,8 @@ struct SectionPresets
 SectionPresets sectionPresets(const XmlTree &tree)
 {
     SectionPresets presets;
-    const auto valueOf = [&tree](const XmlElement &preset, const char *name) {
-        const XmlAttribute *attribute = preset.attribute(QLatin1String(name));
-        return attribute ? tree.valueOf(*attribute) : QString();
+    const auto valueOf = [](const XmlElement &preset, const char *name) {
+        return attributeOf(preset, QLatin1String(name)).text;
     };
     const XmlElement container = tree.first(QLatin1String("ClassificationColorPresets"));
     for (const auto &preset : container.all(QLatin1String("ClassificationColorPreset"))) {
@@ -126,6 +133,24 @@ SectionPresets sectionPresets(const XmlTree &tree)
         }
     }
     return presets;
+}
+
+/// Finds presets that seem to be for sections where none is.
+void checkPresetScopes(const XmlTree &tree, Findings &findings)
+{
+    const QString taken = QStringLiteral("Section");
+    const XmlElement container = tree.first(QLatin1String("ClassificationColorPresets"));
+    for (const auto &preset : container.all(QLatin1String("ClassificationColorPreset"))) {
+        const Value scope = attributeOf(preset, QLatin1String("Scope"));
+        const QString nearest = nearestOf(scope.text, {taken});
+        if (!nearest.isEmpty() && scope.text != taken && !scope.isPadded()) {
+            findings.add(
+                Severity::Warning, scope.at,
+                QStringLiteral("the host takes presets for the Scope \"%1\" only, not for %2: this one "
+                               "is not read%3")
+                    .arg(taken, quoted(scope.text), suggestion(nearest)));
+        }
+    }
 }
 
 } // namespace
@@ -202,6 +227,7 @@ void checkPresets(const CheckedFile &file, Findings &findings)
 {
     const SectionPresets presets = sectionPresets(file.tree());
     if (presets.first.isNull()) {
+        checkPresetScopes(file.tree(), findings);
         return;
     }
     if (presets.name.isEmpty()) {
@@ -210,9 +236,10 @@ void checkPresets(const CheckedFile &file, Findings &findings)
                                     "template has no class name to start with"));
     }
     if (presets.chosen.isNull()) {
-        findings.add(presets.first.at(),
-                     QStringLiteral("no preset for sections has the Chapter \"Color\": the "
-                                    "template has no colour fields to start with"));
+        const Value chapter = attributeOf(presets.first, QLatin1String("Chapter"));
+        findings.add(chapter.at, QStringLiteral("no preset for sections has the Chapter \"Color\": the "
+                                                "template has no colour fields to start with%1")
+                                     .arg(suggestion(nearestOf(chapter.text, {QStringLiteral("Color")}))));
     } else if (presets.chosen.all(QLatin1String("PresetProperty")).empty()) {
         findings.add(presets.chosen.at(),
                      QStringLiteral("the preset for sections names no <PresetProperty>: the "

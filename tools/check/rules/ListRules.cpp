@@ -87,8 +87,8 @@ void checkDuplicateItems(const CheckedFile &file, Findings &findings)
                 earlier.insert(item.item.text, item.at);
             } else if (*same != item.at) {
                 findings.add(item.item.at, QStringLiteral("list %1 offers %2 twice, here and in line %3")
-                                               .arg(quoted(list.name), quoted(item.item.text))
-                                               .arg(file.lineOf(*same)));
+                                               .arg(quoted(list.name), quoted(item.item.text),
+                                                    QString::number(file.lineOf(*same))));
             }
         }
     }
@@ -110,11 +110,11 @@ void checkItemLengths(const CheckedFile &file, Findings &findings)
         }
         for (const auto &item : list.items) {
             if (item.item.text.size() > shortest->maximumLength) {
-                findings.add(item.item.at, QStringLiteral("item %1 has %2: %3 in line %4 stores at most %5")
-                                               .arg(quoted(item.item.text), lengthInWords(item.item.text),
-                                                    nameOf(*shortest))
-                                               .arg(file.lineOf(shortest->at))
-                                               .arg(shortest->maximumLength));
+                findings.add(item.item.at,
+                             QStringLiteral("item %1 has %2: %3 in line %4 stores at most %5")
+                                 .arg(quoted(item.item.text), lengthInWords(item.item.text),
+                                      nameOf(*shortest), QString::number(file.lineOf(shortest->at)),
+                                      QString::number(shortest->maximumLength)));
             }
         }
     }
@@ -162,9 +162,7 @@ void checkListNames(const CheckedFile &file, Findings &findings)
         findings.add(list.name.at,
                      QStringLiteral("a second list %1: the host gets one list of both its items "
                                     "and those of the one in line %2%3")
-                         .arg(quoted(list.name.text))
-                         .arg(file.lineOf(first->at))
-                         .arg(type));
+                         .arg(quoted(list.name.text), QString::number(file.lineOf(first->at)), type));
     }
 }
 

@@ -26,7 +26,9 @@ std::vector<Finding> Findings::sorted() const
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding &a, const Finding &b) { return a.at < b.at; });
     // A column in two views is read twice, and has its faults twice.
-    const auto isSame = [](const Finding &a, const Finding &b) { return a.at == b.at && a.rule == b.rule; };
+    const auto isSame = [](const Finding &a, const Finding &b) {
+        return a.at == b.at && a.rule == b.rule && a.message == b.message;
+    };
     std::vector<Finding> distinct;
     for (const auto &finding : findings) {
         const auto sameAt = std::find_if(distinct.rbegin(), distinct.rend(), [&](const Finding &earlier) {

@@ -54,8 +54,8 @@ public:
     /// Begins with a rule: what is added from now on is its own.
     void begin(const Rule &rule);
 
-    /// Adds a finding, of the rule's severity or another one. A place that a rule has found something at is
-    /// not found a second time.
+    /// Adds a finding, of the rule's severity or another one. What a rule has said of a place it does not say
+    /// a second time.
     void add(int at, const QString &message);
     void add(Severity severity, int at, const QString &message);
 

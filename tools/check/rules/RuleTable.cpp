@@ -506,7 +506,8 @@ const std::vector<Rule> &allRules()
      "the colours that a template starts with are not complete",
      "Of the presets with the Scope \"Section\" the host takes a ClassificationColorName, and the "
      "fields (PresetProperty) of one with the Chapter \"Color\". Without one of them it starts with "
-     "less than the presets seem to say.",
+     "less than the presets seem to say. It is a warning when none is for \"Section\", but "
+     "one for something near it.",
      "<ClassificationColorPreset Scope=\"Section\" Chapter=\"Color\"/>",
      "<ClassificationColorPreset Scope=\"Section\" ClassificationColorName=\"Age\" "
      "Chapter=\"Color\"><PresetProperty PropertyName=\"OBJ_Year\"/></ClassificationColorPreset>"},

@@ -8,7 +8,8 @@
 
 namespace Tobrix::Tools {
 
-// Pieces of the sentences that rules speak in.
+// Pieces of the sentences that rules speak in. Texts of a file go into the last call of QString::arg(): a
+// later one would take a "%1" in them for its own.
 
 /// A text of a file in a sentence: on one line, not too long.
 QString inBrief(const QString &text);
