@@ -26,6 +26,26 @@ QByteArray legacyColumn(const QByteArray &view, const QByteArray &field, const Q
            "</COL_Bound_Column><COL_DataType>" + type + "</COL_DataType></SYSCOL>\n";
 }
 
+QByteArray defaultOfLength(const QByteArray &value)
+{
+    return "<DefaultValueItem View='Form' Value='" + value +
+           "'><BoundProperty PropertyName='OBJ_Length'/></DefaultValueItem>\n";
+}
+
+/// A template of the current format with two scopes of default values, one in the other, and one column.
+QByteArray nestedScopes(const QByteArray &behindInnerScope)
+{
+    return "<ProjectStandard>\n"
+           "<TemplateIdentifier Id='STW-US'><Name>Storm</Name></TemplateIdentifier>\n"
+           "<View Id='V1' Name='Form'><Column DataType='Integer'>"
+           "<BoundProperty PropertyName='OBJ_Length'/></Column></View>\n"
+           "<DefaultValues><DefaultValueScope>\n"
+           "<DefaultValueScope>\n" +
+           defaultOfLength("1") + "</DefaultValueScope>\n" + behindInnerScope +
+           "</DefaultValueScope></DefaultValues>\n"
+           "</ProjectStandard>\n";
+}
+
 } // namespace
 
 class RulesTogetherTest : public QObject
@@ -69,6 +89,23 @@ void RulesTogetherTest::everythingIsFoundOnce_data()
         << "5:105: error: data type \"FOO\" is unknown: the host does not get column \"OBJ_Name\" "
            "[column-type-unknown]\n"
         << "views/Form/columns/#" << QJsonValue(1);
+    QTest::newRow("an empty view beside a column of an unknown view")
+        << "templates" << head + legacyView("V1", "Form") + legacyColumn("VX", "OBJ_Length", "DEC") + end
+        << "4:26: error: there is no view \"VX\": the host refuses the file [column-view-unknown]\n"
+        << "ok" << QJsonValue(false);
+    const QString nestedScope =
+        QStringLiteral("5:1: warning: a <DefaultValueScope> within another: its items are read with those of "
+                       "the outer one, and again behind them [nested-container]\n");
+    const QString defaultOfForm = QStringLiteral("views/Form/columns/0/defaultValue/value");
+    QTest::newRow("a scope of default values within another")
+        << "templates_new" << nestedScopes("") << nestedScope << defaultOfForm
+        << QJsonValue(QStringLiteral("1"));
+    QTest::newRow("a scope of default values that takes back what follows it")
+        << "templates_new" << nestedScopes(defaultOfLength("2"))
+        << nestedScope +
+               QStringLiteral("6:1: warning: a second default for \"OBJ_Length\" in view \"Form\": it "
+                              "overwrites the one in line 8 [default-overwritten]\n")
+        << defaultOfForm << QJsonValue(QStringLiteral("1"));
     QTest::newRow("two names of a header, with another one before them")
         << "templates_new"
         << QByteArray(
