@@ -221,7 +221,10 @@ void checkDefaultRanges(const CheckedFile &file, Findings &findings)
             addBeyondType(column, findings);
             return;
         }
-        const auto number = column.isNumeric() ? numberOf(column) : std::nullopt;
+        if (!column.isNumeric()) {
+            return;
+        }
+        const auto number = numberOf(column);
         const ColumnRange range = column.range();
         if (number && !range.isEmpty() && (*number < range.minimum || *number > range.maximum)) {
             findings.add(
