@@ -239,8 +239,8 @@ struct TemplateModel
     std::vector<LostLegend> lostLegends;
     std::vector<UnreachableSection> unreachableSections;
     std::vector<int> itemsWithoutList;
-    int bandTooManyAt =
-        -1; ///< of a class past the limit for both legends; groups may take others back behind it
+    /// Of a legend class past the limit, when no group behind it takes others back; -1 when there is none.
+    int bandTooManyAt = -1;
 
     /// To be called when the model is complete, before anything is looked up in it.
     void makeIndex();
