@@ -72,6 +72,15 @@ void DocumentIndex::finish()
     closeFrom(0);
 }
 
+void DocumentIndex::clear()
+{
+    m_node.clear();
+    m_depth = 0;
+    m_entries.clear();
+    m_open.clear();
+    m_composedTexts.clear();
+}
+
 bool DocumentIndex::advance()
 {
     const QDomNode child = m_depth == 0 ? m_document.firstChild() : m_node.firstChild();

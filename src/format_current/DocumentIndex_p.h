@@ -41,8 +41,8 @@ public:
     void follow();
     /// Ends the walk: the document grows no more.
     void finish();
-    /// Forgets the document: nothing is found any more.
-    void clear() { m_entries.clear(); }
+    /// Forgets the document: nothing is found any more, and the walk is where it was at the beginning.
+    void clear();
 
     /// The first element of a name in the document; null when there is none.
     IndexedElement first(ElementName name) const;

@@ -185,8 +185,8 @@ bool isWithinLimits(const DocumentIndex &document)
 class FollowedFile : public TemplateFile
 {
 public:
-    // White space between tags is nothing to the document.
-    explicit FollowedFile(DocumentIndex &document) : TemplateFile(Indentation::LeftOut), m_document(document)
+    explicit FollowedFile(DocumentIndex &document)
+        : TemplateFile(SpareWhiteSpace::BetweenMarkup), m_document(document)
     {
     }
 
@@ -235,9 +235,20 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
     // A file that is not well-formed leaves what stands before the fault, one past the limits nothing.
     int faultLine = 0;
     int faultColumn = 0;
-    m_document.setContent(&file, false, nullptr, &faultLine, &faultColumn);
+    const auto parse = [&] {
+        faultLine = 0;
+        m_document.setContent(&file, false, nullptr, &faultLine, &faultColumn);
+        document.finish();
+    };
+    parse();
+    if (!file.excess().isEmpty()) {
+        // Which of the two comes first, a fault or what is too much, only the file as it stands can tell.
+        document.clear();
+        records = {};
+        file.restart(SpareWhiteSpace::None);
+        parse();
+    }
     file.close();
-    document.finish();
     const bool isTooMuch = !file.excess().isEmpty() && !file.isFaultBeforeExcess(faultLine, faultColumn);
     if (isTooMuch || !isWithinLimits(document)) {
         m_document.clear();

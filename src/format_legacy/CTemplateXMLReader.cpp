@@ -38,7 +38,8 @@ CTemplateLegendDataItem legendItemOf(const QXmlStreamAttributes &attributes)
 } // namespace
 
 CTemplateXMLReader::CTemplateXMLReader()
-    : m_file(std::make_unique<TemplateFile>()), m_xml(std::make_unique<LegacyXmlStream>())
+    : m_file(std::make_unique<TemplateFile>(SpareWhiteSpace::BehindTexts))
+    , m_xml(std::make_unique<LegacyXmlStream>())
 {
 }
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,7 +18,7 @@ namespace Tobrix::Templates {
 
 namespace {
 
-int openRegularFile(const QByteArray &path)
+int descriptorOfRegularFile(const QByteArray &path)
 {
     // Opening a pipe without O_NONBLOCK waits for its writer. What was opened is looked at, not what the path
     // names: that may be something else by now.
@@ -64,8 +65,9 @@ bool isExtendedAscii(const QByteArray &encoding)
     return names.match(QString::fromLatin1(encoding)).hasMatch();
 }
 
-/// Counts in blocks whose count a byte holds, so that many characters are compared at once.
-int lineBreaksIn(const char *text, qint64 size)
+/// Counts in blocks whose count a byte holds, so that many bytes are looked at at once.
+template <typename IsCounted>
+int countIn(const char *bytes, qint64 size, IsCounted isCounted)
 {
     constexpr qint64 blockSize = 255;
     int count = 0;
@@ -73,11 +75,24 @@ int lineBreaksIn(const char *text, qint64 size)
         const qint64 end = std::min(size, begin + blockSize);
         unsigned char countInBlock = 0;
         for (qint64 i = begin; i < end; ++i) {
-            countInBlock = static_cast<unsigned char>(countInBlock + (text[i] == '\n' ? 1 : 0));
+            countInBlock = static_cast<unsigned char>(countInBlock + (isCounted(bytes[i]) ? 1 : 0));
         }
         count += countInBlock;
     }
     return count;
+}
+
+int lineBreaksIn(const char *text, qint64 size)
+{
+    return countIn(text, size, [](char c) { return c == '\n'; });
+}
+
+/// The characters of a piece of a text in UTF-8, of which those that take four bytes are two to Qt.
+int charactersIn(const char *utf8, qint64 size)
+{
+    const auto isFirst = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+    const auto isFirstOfFour = [](char c) { return static_cast<unsigned char>(c) >= 0xF0; };
+    return countIn(utf8, size, isFirst) + countIn(utf8, size, isFirstOfFour);
 }
 
 // Qt's DOM parser looks no further.
@@ -106,7 +121,7 @@ DeclaredEncoding declaredEncoding(const QString &declaration)
 
 } // namespace
 
-TemplateFile::TemplateFile(Indentation indentation) : m_indentation(indentation)
+TemplateFile::TemplateFile(SpareWhiteSpace leftOut) : m_leftOut(leftOut)
 {
 }
 
@@ -116,26 +131,22 @@ bool TemplateFile::openTemplate(const QString &path)
 {
     close();
     setFileName(path);
-    m_guard = XmlGuard();
-    if (m_indentation == Indentation::LeftOut) {
-        m_guard.noteIndentation();
+    const bool isResource = path.startsWith(QLatin1Char(':'));
+    const bool isOpen =
+        isResource ? !QFileInfo(path).isDir() && open(QIODevice::ReadOnly) : openRegular(path);
+    if (isOpen) {
+        restart(m_leftOut);
     }
-    m_decoder.reset();
-    m_size = 0;
-    m_heldBack.clear();
-    m_excess.clear();
-    m_line = 1;
-    m_column = 1;
-    m_givenLine = 1;
-    m_givenColumn = 1;
-    if (path.startsWith(QLatin1Char(':'))) {
-        return !QFileInfo(path).isDir() && open(QIODevice::ReadOnly);
-    }
+    return isOpen;
+}
+
+bool TemplateFile::openRegular(const QString &path)
+{
     // The system would take what stands before a null character for the whole path.
     if (path.contains(QChar(QChar::Null))) {
         return false;
     }
-    const int descriptor = openRegularFile(encodeName(path));
+    const int descriptor = descriptorOfRegularFile(encodeName(path));
     if (descriptor < 0) {
         return false;
     }
@@ -143,8 +154,25 @@ bool TemplateFile::openTemplate(const QString &path)
         ::close(descriptor);
         return false;
     }
-    requireSize(size());
     return true;
+}
+
+void TemplateFile::restart(SpareWhiteSpace leftOut)
+{
+    seek(0);
+    m_leftOut = leftOut;
+    m_guard = XmlGuard();
+    m_guard.noteSpareWhiteSpace(m_leftOut);
+    m_decoder.reset();
+    m_isSingleByte = false;
+    m_size = 0;
+    m_heldBack.clear();
+    m_excess.clear();
+    m_line = 1;
+    m_column = 1;
+    m_givenLine = 1;
+    m_givenColumn = 1;
+    requireSize(size());
 }
 
 bool TemplateFile::isFaultBeforeExcess(int line, int column) const
@@ -230,13 +258,13 @@ qint64 TemplateFile::followEncoded(const QByteArray &chunk)
 
 qint64 TemplateFile::followPlain(char *data, qint64 size)
 {
-    const qint64 followed = leaveOutIndentation(data, m_guard.follow(data, size));
+    const qint64 followed = leaveOutWhiteSpace(data, m_guard.follow(data, size));
     m_excess = m_guard.excess();
     countPlace(data, followed);
     return followed;
 }
 
-qint64 TemplateFile::leaveOutIndentation(char *data, qint64 size) const
+qint64 TemplateFile::leaveOutWhiteSpace(char *data, qint64 size) const
 {
     char *target = data;
     const char *source = data;
@@ -245,23 +273,28 @@ qint64 TemplateFile::leaveOutIndentation(char *data, qint64 size) const
         std::memmove(target, source, count);
         target += count;
     };
-    for (const auto &blanks : m_guard.indentation()) {
-        move(data + blanks.begin);
-        source = data + blanks.end;
+    for (const auto &whiteSpace : m_guard.spareWhiteSpace()) {
+        move(data + whiteSpace.begin);
+        source = data + whiteSpace.end;
     }
     move(data + size);
     return target - data;
 }
 
-void TemplateFile::countPlace(const char *utf8, qint64 size)
+void TemplateFile::countPlace(const char *text, qint64 size)
 {
-    m_line += lineBreaksIn(utf8, size);
-    // The column matters only where something is too much.
-    if (!m_excess.isEmpty()) {
-        const QByteArray bytes = QByteArray::fromRawData(utf8, static_cast<int>(size));
-        const int lineStart = bytes.lastIndexOf('\n') + 1;
-        m_column = QString::fromUtf8(bytes.mid(lineStart)).size() + 1;
+    if (m_leftOut != SpareWhiteSpace::None) {
+        return;
     }
+    const int lineBreaks = lineBreaksIn(text, size);
+    const char *const end = text + size;
+    const char *lineBegin = text;
+    if (lineBreaks > 0) {
+        m_line += lineBreaks;
+        m_column = 1;
+        lineBegin = std::find(std::make_reverse_iterator(end), std::make_reverse_iterator(text), '\n').base();
+    }
+    m_column += m_isSingleByte ? static_cast<int>(end - lineBegin) : charactersIn(lineBegin, end - lineBegin);
 }
 
 void TemplateFile::countGiven(qint64 size)
@@ -281,6 +314,10 @@ void TemplateFile::requireSize(qint64 size)
 
 void TemplateFile::chooseDecoder(const QByteArray &beginning)
 {
+    if (beginning.startsWith("\xef\xbb\xbf")) {
+        // A byte order mark is no character of the first line.
+        --m_column;
+    }
     const QByteArray wide = wideEncoding(beginning);
     const QTextCodec *const first = QTextCodec::codecForName(wide.isEmpty() ? QByteArray("UTF-8") : wide);
     if (!wide.isEmpty()) {
@@ -309,7 +346,8 @@ void TemplateFile::chooseDecoder(const QByteArray &beginning)
         m_excess = QStringLiteral("an XML declaration in another encoding than it names");
         return;
     }
-    m_decoder.reset(isExtendedAscii(declared.name) ? nullptr : codec->makeDecoder());
+    m_isSingleByte = isExtendedAscii(declared.name);
+    m_decoder.reset(m_isSingleByte ? nullptr : codec->makeDecoder());
 }
 
 } // namespace Tobrix::Templates

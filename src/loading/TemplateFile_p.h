@@ -16,25 +16,24 @@ namespace Tobrix::Templates {
 class TemplateFile : public QFile
 {
 public:
-    /// What becomes of blanks before markup: a parser that makes nothing of them is faster without them.
-    enum class Indentation { Kept, LeftOut };
-
-    explicit TemplateFile(Indentation indentation = Indentation::Kept);
+    /// @param leftOut is not handed to the parser, which is faster without it
+    explicit TemplateFile(SpareWhiteSpace leftOut = SpareWhiteSpace::None);
     ~TemplateFile() override;
 
     /// Closes the file that was open and opens another one for reading.
     /// @return false when there is nothing to read under that path
     bool openTemplate(const QString &path);
+    /// Goes back to the beginning of the file that is open.
+    void restart(SpareWhiteSpace leftOut);
 
     /// What is too much in the file, in words; empty when nothing was as far as the file has been read.
     QString excess() const { return m_excess; }
-    /// The line and the column, from 1, in which it is too much; the column without indentation where that is
-    /// left out.
+    /// The line and the column, from 1, in which it is too much. Known only where nothing is left out.
     int excessLine() const { return m_line; }
     int excessColumn() const { return m_column; }
 
     /// Whether a parser has found a fault before the place where something is too much: what it seems to have
-    /// too much of comes of the fault then, a missing quote perhaps.
+    /// too much of comes of the fault then, a missing quote perhaps. Known only where nothing is left out.
     /// @param line where the parser stopped, from 1; 0 when it found nothing wrong
     /// @param column where the parser stopped, from 1
     bool isFaultBeforeExcess(int line, int column) const;
@@ -43,20 +42,22 @@ protected:
     qint64 readData(char *data, qint64 maxSize) override;
 
 private:
+    bool openRegular(const QString &path);
     void holdBackDocumentType(const QByteArray &beginning);
     qint64 takeHeldBack(char *data, qint64 maxSize);
     qint64 follow(char *data, qint64 size);
     qint64 followEncoded(const QByteArray &chunk);
     qint64 followPlain(char *data, qint64 size);
-    qint64 leaveOutIndentation(char *data, qint64 size) const;
-    void countPlace(const char *utf8, qint64 size);
+    qint64 leaveOutWhiteSpace(char *data, qint64 size) const;
+    void countPlace(const char *text, qint64 size);
     void countGiven(qint64 size);
     void requireSize(qint64 size);
     void chooseDecoder(const QByteArray &beginning);
 
-    const Indentation m_indentation;
+    SpareWhiteSpace m_leftOut;
     XmlGuard m_guard;
     std::unique_ptr<QTextDecoder> m_decoder; // null for bytes in which markup stands in ASCII
+    bool m_isSingleByte = false;             // whether every byte of those is a character
     qint64 m_size = 0;
     QByteArray m_heldBack;
     QString m_excess;

@@ -25,7 +25,7 @@ const char *find(char c, const char *at, const char *end)
 qint64 XmlGuard::follow(const char *bytes, qint64 size)
 {
     m_bytes = bytes;
-    m_indentation.clear();
+    m_spareWhiteSpace.clear();
     const char *at = bytes;
     const char *const end = bytes + size;
     while (at != end && m_excess.isEmpty()) {
@@ -61,28 +61,44 @@ const char *XmlGuard::followState(const char *at, const char *end)
     return end;
 }
 
+bool XmlGuard::isWhiteSpaceSpare() const
+{
+    // Entities may stand for white space, and for texts, too.
+    if (!m_isBehindMarkup || m_hasDocumentType) {
+        return false;
+    }
+    switch (m_notedWhiteSpace) {
+    case SpareWhiteSpace::None:
+        return false;
+    case SpareWhiteSpace::BetweenMarkup:
+        return true;
+    case SpareWhiteSpace::BehindTexts:
+        return m_isBehindText && m_isBehindEnd;
+    }
+    return false;
+}
+
 const char *XmlGuard::followWhiteSpace(const char *at, const char *end)
 {
-    const char *lineBegin = at;
-    for (; at != end && isSpace(*at); ++at) {
-        if (*at == '\n') {
-            lineBegin = at + 1;
-        }
+    const char *const begin = at;
+    while (at != end && isSpace(*at)) {
+        ++at;
     }
     m_isBehindMarkup = at == end;
-    if (at != end && *at == '<' && lineBegin != at) {
-        m_indentation.push_back({lineBegin - m_bytes, at - m_bytes});
+    if (at != end && *at == '<' && at != begin) {
+        m_spareWhiteSpace.push_back({begin - m_bytes, at - m_bytes});
     }
     return at;
 }
 
 const char *XmlGuard::followText(const char *at, const char *end)
 {
-    // Entities may stand for white space, too.
-    if (m_isBehindMarkup && m_notesIndentation && !m_hasDocumentType) {
+    const char *const begin = at;
+    if (isWhiteSpaceSpare()) {
         at = followWhiteSpace(at, end);
     }
     at = findBehindReferences('<', at, end);
+    m_isBehindText = m_isBehindText || at != begin;
     if (at == end) {
         return at;
     }
@@ -327,6 +343,8 @@ void XmlGuard::openElement()
     m_attributes = 0;
     m_attributeNameSize = 0;
     m_isAttributeNameComplete = false;
+    m_isBehindText = false;
+    m_isBehindEnd = false;
     ++m_depth;
     m_deepest = std::max(m_deepest, m_depth);
     require(m_depth <= Limits::depth, "more than %1 elements in each other", Limits::depth);
@@ -336,6 +354,7 @@ void XmlGuard::openElement()
 void XmlGuard::closeElement()
 {
     m_isClosedTooOften = m_isClosedTooOften || m_depth == 0;
+    m_isBehindEnd = true;
     m_depth = std::max(0, m_depth - 1);
 }
 

@@ -10,6 +10,17 @@
 
 namespace Tobrix::Templates {
 
+/// White space before markup, with nothing else since the markup before it, that is of no use to whoever
+/// reads a document.
+enum class SpareWhiteSpace {
+    None,
+    /// All of it: to a document it is nothing.
+    BetweenMarkup,
+    /// Only such behind the end of an element, and only where a text stands before it since the last start of
+    /// one: an element without a text may take the white space behind its end for its text.
+    BehindTexts
+};
+
 /// Follows the markup of an XML document as it is handed to a parser, and says when it goes past a limit. It
 /// understands as much of XML as that takes and no more: what is not well-formed is for the parser to find,
 /// which stops there.
@@ -33,11 +44,10 @@ public:
         qint64 end;
     };
 
-    /// From now on, notes indentation.
-    void noteIndentation() { m_notesIndentation = true; }
-    /// The blanks before markup among the bytes followed last, where there is nothing but white space since
-    /// the markup before it. Line breaks are not among them.
-    const std::vector<Run> &indentation() const { return m_indentation; }
+    /// From now on, notes white space of a kind.
+    void noteSpareWhiteSpace(SpareWhiteSpace kind) { m_notedWhiteSpace = kind; }
+    /// The white space of that kind among the bytes followed last, but for such that began before them.
+    const std::vector<Run> &spareWhiteSpace() const { return m_spareWhiteSpace; }
 
     /// Whether the bytes are whole: they end outside of all markup, and all elements are closed, and were
     /// open before that.
@@ -67,6 +77,7 @@ private:
     };
 
     const char *followState(const char *at, const char *end);
+    bool isWhiteSpaceSpare() const;
     const char *followWhiteSpace(const char *at, const char *end);
     const char *followText(const char *at, const char *end);
     const char *followMarkup(const char *at, const char *end);
@@ -99,11 +110,14 @@ private:
     State m_state = State::Text;
     QString m_excess;
 
-    bool m_notesIndentation = false;
+    SpareWhiteSpace m_notedWhiteSpace = SpareWhiteSpace::None;
     // With nothing but white space in between. At the beginning there is none before an XML declaration.
     bool m_isBehindMarkup = false;
+    // Since the last start of an element.
+    bool m_isBehindText = false;
+    bool m_isBehindEnd = false;
     const char *m_bytes = nullptr;
-    std::vector<Run> m_indentation;
+    std::vector<Run> m_spareWhiteSpace;
 
     int m_depth = 0;
     int m_deepest = 0;

@@ -1,0 +1,169 @@
+// What a parser gets to see of a file, and where in it something is too much.
+
+#include "loading/TemplateFile_p.h"
+
+#include "loading/Limits_p.h"
+#include "support/MemoryFile.h"
+
+#include <QTest>
+
+using namespace Tobrix::Templates;
+
+namespace {
+
+constexpr auto allBetween = SpareWhiteSpace::BetweenMarkup;
+constexpr auto behindTexts = SpareWhiteSpace::BehindTexts;
+
+// What a file is read in at a time.
+constexpr int chunkSize = 16 * 1024;
+
+QByteArray handedToAParser(const QString &path, SpareWhiteSpace leftOut)
+{
+    TemplateFile file(leftOut);
+    return file.openTemplate(path) ? file.readAll() : QByteArray("cannot be opened");
+}
+
+/// A document in which the last of so many elements in each other is too much. The place is behind its
+/// bracket.
+QByteArray tooDeepBehind(const QByteArray &beginning)
+{
+    return "<a>" + beginning + QByteArray("<b>").repeated(Limits::depth - 1) + "<b/>";
+}
+
+} // namespace
+
+class TemplateFileTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whiteSpaceIsLeftOut_data();
+    void whiteSpaceIsLeftOut();
+    void everyWholeRunWithinAChunkIsLeftOut();
+    void otherEncodingsAreHandedOverAsTheyAre();
+    void placeOfWhatIsTooMuch_data();
+    void placeOfWhatIsTooMuch();
+
+private:
+    MemoryFile m_file;
+};
+
+void TemplateFileTest::whiteSpaceIsLeftOut_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("withoutAllBetween");
+    QTest::addColumn<QByteArray>("withoutThatBehindTexts");
+    const auto row = [](const char *name, const char *content, const char *withoutAllBetween,
+                        const char *withoutThatBehindTexts) {
+        QTest::newRow(name) << QByteArray(content) << QByteArray(withoutAllBetween)
+                            << QByteArray(withoutThatBehindTexts);
+    };
+    row("behind an element with a text", "<r><a>x</a>\n\t <b>y</b>\r\n</r>", "<r><a>x</a><b>y</b></r>",
+        "<r><a>x</a><b>y</b></r>");
+    row("behind an element without a text", "<r><a></a>\n <b/>\n <c/></r>", "<r><a></a><b/><c/></r>",
+        "<r><a></a>\n <b/>\n <c/></r>");
+    row("behind an element without a text that follows one", "<r><a>x</a><b/>\n <c/></r>",
+        "<r><a>x</a><b/><c/></r>", "<r><a>x</a><b/>\n <c/></r>");
+    row("behind the end of what holds a text", "<r><a><b>x</b>\n</a>\n</r>\n<!-- c -->",
+        "<r><a><b>x</b></a></r><!-- c -->", "<r><a><b>x</b></a></r><!-- c -->");
+    row("behind the end of what holds no text", "<r><a><b>x</b><c/></a>\n</r>", "<r><a><b>x</b><c/></a></r>",
+        "<r><a><b>x</b><c/></a>\n</r>");
+    row("behind a start tag", "<r>\n <a>x<b>\n </b></a></r>", "<r><a>x<b></b></a></r>",
+        "<r>\n <a>x<b>\n </b></a></r>");
+    row("a text of nothing else", "<r><a> </a> <b/></r>", "<r><a></a><b/></r>", "<r><a> </a><b/></r>");
+    row("behind a reference", "<r><a>&lt;</a> <b/>&amp; </r>", "<r><a>&lt;</a><b/>&amp; </r>",
+        "<r><a>&lt;</a><b/>&amp; </r>");
+    row("behind character data", "<r><a><![CDATA[x]]></a> <b/></r>", "<r><a><![CDATA[x]]></a><b/></r>",
+        "<r><a><![CDATA[x]]></a> <b/></r>");
+    row("behind a comment within a text", "<r><a>x<!-- c --> <b/></a></r>", "<r><a>x<!-- c --><b/></a></r>",
+        "<r><a>x<!-- c --> <b/></a></r>");
+    row("behind a comment behind a text", "<r><a>x</a><!-- > --> <?i?> <b/></r>",
+        "<r><a>x</a><!-- > --><?i?><b/></r>", "<r><a>x</a><!-- > --><?i?><b/></r>");
+    row("in a text", "<r><a> x\n y </a> z <b/></r>", "<r><a> x\n y </a> z <b/></r>",
+        "<r><a> x\n y </a> z <b/></r>");
+    row("in tags, comments and values", "<r ><a b=' > <c> '>x</a > <!-- </a> <b> --></r >",
+        "<r ><a b=' > <c> '>x</a ><!-- </a> <b> --></r >", "<r ><a b=' > <c> '>x</a ><!-- </a> <b> --></r >");
+    row("before everything", " \n<r/>", " \n<r/>", " \n<r/>");
+    row("behind an XML declaration", "<?xml version='1.0'?>\n<r/>", "<?xml version='1.0'?><r/>",
+        "<?xml version='1.0'?>\n<r/>");
+    row("behind everything", "<r>x</r>\n ", "<r>x</r>\n ", "<r>x</r>\n ");
+    row("behind a document type", "<!DOCTYPE r [<!ENTITY e ''>]>\n<r><a>x&e;</a>\n</r>",
+        "<!DOCTYPE r [<!ENTITY e ''>]>\n<r><a>x&e;</a>\n</r>",
+        "<!DOCTYPE r [<!ENTITY e ''>]>\n<r><a>x&e;</a>\n</r>");
+}
+
+void TemplateFileTest::whiteSpaceIsLeftOut()
+{
+    QFETCH(QByteArray, content);
+    m_file.write(content);
+    QCOMPARE(handedToAParser(m_file.path(), SpareWhiteSpace::None), content);
+    QTEST(handedToAParser(m_file.path(), allBetween), "withoutAllBetween");
+    QTEST(handedToAParser(m_file.path(), behindTexts), "withoutThatBehindTexts");
+}
+
+void TemplateFileTest::everyWholeRunWithinAChunkIsLeftOut()
+{
+    constexpr int count = 10'000;
+    const QByteArray element = "<a>x</a>\n    ";
+    m_file.write("<r>" + element.repeated(count) + "</r>");
+    QByteArray handed = handedToAParser(m_file.path(), behindTexts);
+    // Of the runs across the end of a chunk at least that stays which stands before it.
+    const int chunks = (element.size() * count) / chunkSize + 1;
+    const int handedWhiteSpace = handed.size() - QByteArray(element).trimmed().size() * count - 7;
+    QVERIFY2(handedWhiteSpace <= chunks * 5, QByteArray::number(handedWhiteSpace).constData());
+    QCOMPARE(handed.replace('\n', "").replace(' ', ""),
+             "<r>" + QByteArray("<a>x</a>").repeated(count) + "</r>");
+}
+
+void TemplateFileTest::otherEncodingsAreHandedOverAsTheyAre()
+{
+    const QString text = QStringLiteral("\uFEFF<r><a>x</a>\n <b>y</b>\n </r>");
+    const QByteArray bytes(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+    m_file.write(bytes);
+    QCOMPARE(handedToAParser(m_file.path(), allBetween), bytes);
+    QCOMPARE(handedToAParser(m_file.path(), behindTexts), bytes);
+}
+
+void TemplateFileTest::placeOfWhatIsTooMuch_data()
+{
+    QTest::addColumn<QByteArray>("beginning");
+    QTest::addColumn<QByteArray>("mark");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("column");
+    const QByteArray none;
+    // Behind "<a>", the tags of three characters and the bracket of the one too many.
+    constexpr int tags = 3 + 3 * (Limits::depth - 1) + 1;
+    QTest::newRow("in the first line") << none << none << 1 << tags + 1;
+    QTest::newRow("in another line") << QByteArray("\n\n") << none << 3 << tags - 3 + 1;
+    QTest::newRow("behind a byte order mark") << none << QByteArray("\xEF\xBB\xBF") << 1 << tags + 1;
+    QTest::newRow("behind characters of two to four bytes")
+        << QByteArray("\xC3\xA4\xE2\x82\xAC\xF0\x9F\x93\x8F") << none << 1 << tags + 4 + 1;
+    QTest::newRow("behind characters of one byte that are none of ASCII")
+        << QByteArray("\xE4\xF6\xFC\xBF") << QByteArray("<?xml version='1.0' encoding='ISO-8859-1'?>") << 1
+        << 43 + tags + 4 + 1;
+    for (const int size : {chunkSize - 1, chunkSize, chunkSize + 1, 10 * chunkSize}) {
+        QTest::addRow("in a line of %d bytes", size)
+            << QByteArray("x").repeated(size) << none << 1 << tags + size + 1;
+        QTest::addRow("in a line of %d characters of three bytes", size)
+            << QByteArray("\xE2\x82\xAC").repeated(size) << none << 1 << tags + size + 1;
+        QTest::addRow("in a line behind one of %d bytes", size)
+            << QByteArray("x").repeated(size) + "\nxyz" << none << 2 << tags - 3 + 3 + 1;
+    }
+}
+
+void TemplateFileTest::placeOfWhatIsTooMuch()
+{
+    QFETCH(QByteArray, beginning);
+    QFETCH(QByteArray, mark);
+    m_file.write(mark + tooDeepBehind(beginning));
+    TemplateFile file;
+    QVERIFY(file.openTemplate(m_file.path()));
+    file.readAll();
+    QCOMPARE(file.excess(), QStringLiteral("more than %1 elements in each other").arg(Limits::depth));
+    QTEST(file.excessLine(), "line");
+    QTEST(file.excessColumn(), "column");
+}
+
+QTEST_APPLESS_MAIN(TemplateFileTest)
+
+#include "TemplateFileTest.moc"
