@@ -3,7 +3,6 @@
 #include "loading/Limits_p.h"
 
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -55,14 +54,25 @@ QByteArray wideEncoding(const QByteArray &beginning)
     return QByteArray();
 }
 
+bool isDecimal(const QByteArray &text)
+{
+    return !text.isEmpty() &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
 /// Whether markup stands in ASCII in an encoding, and nothing else can be taken for it.
 bool isExtendedAscii(const QByteArray &encoding)
 {
-    static const QRegularExpression names(
-        QStringLiteral(
-            "^(utf-?8|us-ascii|ascii|latin-?1|iso[-_ ]?8859-\\d+|windows-125\\d|cp-?125\\d|koi8-[ru])$"),
-        QRegularExpression::CaseInsensitiveOption);
-    return names.match(QString::fromLatin1(encoding)).hasMatch();
+    static const QByteArray names[] = {"utf-8",   "utf8",   "us-ascii", "ascii",
+                                       "latin-1", "latin1", "koi8-r",   "koi8-u"};
+    static const QByteArray numberedNames[] = {"iso-8859-",   "iso_8859-", "iso8859-",
+                                               "windows-125", "cp-125",    "cp125"};
+    const QByteArray name = encoding.toLower();
+    const auto isNumbered = [&name](const QByteArray &beginning) {
+        return name.startsWith(beginning) && isDecimal(name.mid(beginning.size()));
+    };
+    return std::find(std::begin(names), std::end(names), name) != std::end(names) ||
+           std::any_of(std::begin(numberedNames), std::end(numberedNames), isNumbered);
 }
 
 /// Counts in blocks whose count a byte holds, so that many bytes are looked at at once.
@@ -95,6 +105,8 @@ int charactersIn(const char *utf8, qint64 size)
     return countIn(utf8, size, isFirst) + countIn(utf8, size, isFirstOfFour);
 }
 
+constexpr QLatin1String xmlDeclarationBeginning("<?xml");
+
 // Qt's DOM parser looks no further.
 constexpr int xmlDeclarationSize = 1024;
 
@@ -105,18 +117,63 @@ struct DeclaredEncoding
     bool isPlain = true; ///< whether there is only one way to understand the declaration
 };
 
+bool isXmlSpace(QChar c)
+{
+    return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\t') ||
+           c == QLatin1Char('\r');
+}
+
+int behindSpace(const QString &text, int at)
+{
+    while (at < text.size() && isXmlSpace(text.at(at))) {
+        ++at;
+    }
+    return at;
+}
+
+/// The value of an attribute, from behind its name on; null when there is no such value.
+QString attributeValueAt(const QString &text, int at)
+{
+    at = behindSpace(text, at);
+    if (at == text.size() || text.at(at) != QLatin1Char('=')) {
+        return QString();
+    }
+    at = behindSpace(text, at + 1);
+    if (at == text.size() || (text.at(at) != QLatin1Char('"') && text.at(at) != QLatin1Char('\''))) {
+        return QString();
+    }
+    const int end = text.indexOf(text.at(at), at + 1);
+    return end < 0 ? QString() : text.mid(at + 1, end - at - 1);
+}
+
+bool isEncodingName(const QString &text)
+{
+    const auto isLetter = [](QChar c) {
+        return (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) ||
+               (c >= QLatin1Char('a') && c <= QLatin1Char('z'));
+    };
+    const auto isOfName = [&](QChar c) {
+        return isLetter(c) || (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char('.') ||
+               c == QLatin1Char('_') || c == QLatin1Char('-');
+    };
+    return !text.isEmpty() && isLetter(text.front()) && std::all_of(text.begin(), text.end(), isOfName);
+}
+
 DeclaredEncoding declaredEncoding(const QString &declaration)
 {
-    const QString keyword = QStringLiteral("encoding");
-    if (!declaration.contains(keyword)) {
+    const QLatin1String keyword("encoding");
+    const int at = declaration.indexOf(keyword);
+    if (at < 0) {
         return {};
     }
-    // The parsers look for the name in ways of their own, which agree on this form.
-    static const QRegularExpression plain(
-        QStringLiteral("^<\\?xml\\s[^&]*\\sencoding\\s*=\\s*([\"'])([A-Za-z][A-Za-z0-9._-]*)\\1[^&]*>$"));
-    const auto match = plain.match(declaration);
-    const bool isPlain = match.hasMatch() && declaration.count(keyword) == 1;
-    return {match.captured(2).toLatin1(), isPlain};
+    // The parsers look for the name in ways of their own, which agree on this form: a second attribute, and
+    // nowhere else the word or a reference.
+    const int firstAttribute = behindSpace(declaration, xmlDeclarationBeginning.size());
+    const QString name = attributeValueAt(declaration, at + keyword.size());
+    const bool isPlain = firstAttribute > xmlDeclarationBeginning.size() && firstAttribute < at &&
+                         isXmlSpace(declaration.at(at - 1)) && isEncodingName(name) &&
+                         declaration.count(keyword) == 1 && !declaration.contains(QLatin1Char('&'));
+    return {name.toLatin1(), isPlain};
 }
 
 } // namespace
@@ -327,7 +384,7 @@ void TemplateFile::chooseDecoder(const QByteArray &beginning)
         return std::unique_ptr<QTextDecoder>(codec.makeDecoder())->toUnicode(beginning);
     };
     const QString text = decoded(*first);
-    if (!text.startsWith(QLatin1String("<?xml"))) {
+    if (!text.startsWith(xmlDeclarationBeginning)) {
         return;
     }
     const QString declaration = text.left(text.indexOf(QLatin1Char('>')) + 1);
