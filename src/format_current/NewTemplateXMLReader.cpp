@@ -245,7 +245,7 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
         // Which of the two comes first, a fault or what is too much, only the file as it stands can tell.
         document.clear();
         records = {};
-        file.restart(SpareWhiteSpace::None);
+        file.restartWhole();
         parse();
     }
     file.close();

@@ -75,36 +75,6 @@ bool isExtendedAscii(const QByteArray &encoding)
            std::any_of(std::begin(numberedNames), std::end(numberedNames), isNumbered);
 }
 
-/// Counts in blocks whose count a byte holds, so that many bytes are looked at at once.
-template <typename IsCounted>
-int countIn(const char *bytes, qint64 size, IsCounted isCounted)
-{
-    constexpr qint64 blockSize = 255;
-    int count = 0;
-    for (qint64 begin = 0; begin < size; begin += blockSize) {
-        const qint64 end = std::min(size, begin + blockSize);
-        unsigned char countInBlock = 0;
-        for (qint64 i = begin; i < end; ++i) {
-            countInBlock = static_cast<unsigned char>(countInBlock + (isCounted(bytes[i]) ? 1 : 0));
-        }
-        count += countInBlock;
-    }
-    return count;
-}
-
-int lineBreaksIn(const char *text, qint64 size)
-{
-    return countIn(text, size, [](char c) { return c == '\n'; });
-}
-
-/// The characters of a piece of a text in UTF-8, of which those that take four bytes are two to Qt.
-int charactersIn(const char *utf8, qint64 size)
-{
-    const auto isFirst = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
-    const auto isFirstOfFour = [](char c) { return static_cast<unsigned char>(c) >= 0xF0; };
-    return countIn(utf8, size, isFirst) + countIn(utf8, size, isFirstOfFour);
-}
-
 constexpr QLatin1String xmlDeclarationBeginning("<?xml");
 
 // Qt's DOM parser looks no further.
@@ -187,12 +157,13 @@ TemplateFile::~TemplateFile() = default;
 bool TemplateFile::openTemplate(const QString &path)
 {
     close();
+    start(m_leftOut);
     setFileName(path);
     const bool isResource = path.startsWith(QLatin1Char(':'));
     const bool isOpen =
         isResource ? !QFileInfo(path).isDir() && open(QIODevice::ReadOnly) : openRegular(path);
     if (isOpen) {
-        restart(m_leftOut);
+        requireSize(size());
     }
     return isOpen;
 }
@@ -214,29 +185,32 @@ bool TemplateFile::openRegular(const QString &path)
     return true;
 }
 
-void TemplateFile::restart(SpareWhiteSpace leftOut)
+void TemplateFile::restartWhole()
 {
     seek(0);
-    m_leftOut = leftOut;
+    start(SpareWhiteSpace::None);
+    requireSize(size());
+}
+
+void TemplateFile::start(SpareWhiteSpace leftOut)
+{
+    m_isWhole = leftOut == SpareWhiteSpace::None;
     m_guard = XmlGuard();
-    m_guard.noteSpareWhiteSpace(m_leftOut);
+    m_guard.noteSpareWhiteSpace(leftOut);
     m_decoder.reset();
-    m_isSingleByte = false;
     m_size = 0;
     m_heldBack.clear();
     m_excess.clear();
-    m_line = 1;
-    m_column = 1;
-    m_givenLine = 1;
-    m_givenColumn = 1;
-    requireSize(size());
+    m_place = TextPlace();
+    m_givenPlace = TextPlace();
 }
 
 bool TemplateFile::isFaultBeforeExcess(int line, int column) const
 {
     // A parser that has come to the end of what it was given stops there, or next to it.
     constexpr int nextToIt = 2;
-    return line > 0 && (line < m_givenLine || (line == m_givenLine && column + nextToIt < m_givenColumn));
+    return line > 0 && (line < m_givenPlace.line() ||
+                        (line == m_givenPlace.line() && column + nextToIt < m_givenPlace.column()));
 }
 
 qint64 TemplateFile::readData(char *data, qint64 maxSize)
@@ -297,8 +271,8 @@ qint64 TemplateFile::follow(char *data, qint64 size)
     if (!m_excess.isEmpty()) {
         return 0;
     }
-    const qint64 allowed = m_decoder ? followEncoded(QByteArray::fromRawData(data, static_cast<int>(size)))
-                                     : followPlain(data, size);
+    const qint64 allowed = m_isPlain ? followPlain(data, size)
+                                     : followEncoded(QByteArray::fromRawData(data, static_cast<int>(size)));
     // What stands before the place where something is too much may be of the entities that are too much.
     return !m_excess.isEmpty() && m_guard.hasDocumentType() ? 0 : allowed;
 }
@@ -308,7 +282,7 @@ qint64 TemplateFile::followEncoded(const QByteArray &chunk)
     const QByteArray utf8 = m_decoder->toUnicode(chunk).toUtf8();
     const qint64 followed = m_guard.follow(utf8.constData(), utf8.size());
     m_excess = m_guard.excess();
-    countPlace(utf8.constData(), followed);
+    m_place.follow(QString::fromUtf8(utf8.constData(), static_cast<int>(followed)));
     // Where in the bytes something is too much cannot be told from where it is in their text.
     return m_excess.isEmpty() ? chunk.size() : 0;
 }
@@ -317,7 +291,9 @@ qint64 TemplateFile::followPlain(char *data, qint64 size)
 {
     const qint64 followed = leaveOutWhiteSpace(data, m_guard.follow(data, size));
     m_excess = m_guard.excess();
-    countPlace(data, followed);
+    if (m_isWhole) {
+        m_place.follow(m_decoder->toUnicode(data, static_cast<int>(followed)));
+    }
     return followed;
 }
 
@@ -338,27 +314,10 @@ qint64 TemplateFile::leaveOutWhiteSpace(char *data, qint64 size) const
     return target - data;
 }
 
-void TemplateFile::countPlace(const char *text, qint64 size)
-{
-    if (m_leftOut != SpareWhiteSpace::None) {
-        return;
-    }
-    const int lineBreaks = lineBreaksIn(text, size);
-    const char *const end = text + size;
-    const char *lineBegin = text;
-    if (lineBreaks > 0) {
-        m_line += lineBreaks;
-        m_column = 1;
-        lineBegin = std::find(std::make_reverse_iterator(end), std::make_reverse_iterator(text), '\n').base();
-    }
-    m_column += m_isSingleByte ? static_cast<int>(end - lineBegin) : charactersIn(lineBegin, end - lineBegin);
-}
-
 void TemplateFile::countGiven(qint64 size)
 {
     if (size > 0) {
-        m_givenLine = m_line;
-        m_givenColumn = m_column;
+        m_givenPlace = m_place;
     }
 }
 
@@ -371,15 +330,10 @@ void TemplateFile::requireSize(qint64 size)
 
 void TemplateFile::chooseDecoder(const QByteArray &beginning)
 {
-    if (beginning.startsWith("\xef\xbb\xbf")) {
-        // A byte order mark is no character of the first line.
-        --m_column;
-    }
     const QByteArray wide = wideEncoding(beginning);
     const QTextCodec *const first = QTextCodec::codecForName(wide.isEmpty() ? QByteArray("UTF-8") : wide);
-    if (!wide.isEmpty()) {
-        m_decoder.reset(first->makeDecoder());
-    }
+    m_isPlain = wide.isEmpty();
+    m_decoder.reset(first->makeDecoder());
     const auto decoded = [&beginning](const QTextCodec &codec) {
         return std::unique_ptr<QTextDecoder>(codec.makeDecoder())->toUnicode(beginning);
     };
@@ -403,8 +357,8 @@ void TemplateFile::chooseDecoder(const QByteArray &beginning)
         m_excess = QStringLiteral("an XML declaration in another encoding than it names");
         return;
     }
-    m_isSingleByte = isExtendedAscii(declared.name);
-    m_decoder.reset(m_isSingleByte ? nullptr : codec->makeDecoder());
+    m_isPlain = isExtendedAscii(declared.name);
+    m_decoder.reset(codec->makeDecoder());
 }
 
 } // namespace Tobrix::Templates

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "loading/TextPlace_p.h"
 #include "loading/XmlGuard_p.h"
 
 #include <QFile>
@@ -23,14 +24,14 @@ public:
     /// Closes the file that was open and opens another one for reading.
     /// @return false when there is nothing to read under that path
     bool openTemplate(const QString &path);
-    /// Goes back to the beginning of the file that is open.
-    void restart(SpareWhiteSpace leftOut);
+    /// Goes back to the beginning of the file that is open, of which nothing is left out from now on.
+    void restartWhole();
 
     /// What is too much in the file, in words; empty when nothing was as far as the file has been read.
     QString excess() const { return m_excess; }
     /// The line and the column, from 1, in which it is too much. Known only where nothing is left out.
-    int excessLine() const { return m_line; }
-    int excessColumn() const { return m_column; }
+    int excessLine() const { return m_place.line(); }
+    int excessColumn() const { return m_place.column(); }
 
     /// Whether a parser has found a fault before the place where something is too much: what it seems to have
     /// too much of comes of the fault then, a missing quote perhaps. Known only where nothing is left out.
@@ -43,29 +44,28 @@ protected:
 
 private:
     bool openRegular(const QString &path);
+    void start(SpareWhiteSpace leftOut);
     void holdBackDocumentType(const QByteArray &beginning);
     qint64 takeHeldBack(char *data, qint64 maxSize);
     qint64 follow(char *data, qint64 size);
     qint64 followEncoded(const QByteArray &chunk);
     qint64 followPlain(char *data, qint64 size);
     qint64 leaveOutWhiteSpace(char *data, qint64 size) const;
-    void countPlace(const char *text, qint64 size);
     void countGiven(qint64 size);
     void requireSize(qint64 size);
     void chooseDecoder(const QByteArray &beginning);
 
-    SpareWhiteSpace m_leftOut;
+    const SpareWhiteSpace m_leftOut;
+    bool m_isWhole = true;
     XmlGuard m_guard;
-    std::unique_ptr<QTextDecoder> m_decoder; // null for bytes in which markup stands in ASCII
-    bool m_isSingleByte = false;             // whether every byte of those is a character
+    std::unique_ptr<QTextDecoder> m_decoder;
+    bool m_isPlain = true; // whether markup stands in ASCII in the bytes
     qint64 m_size = 0;
     QByteArray m_heldBack;
     QString m_excess;
-    int m_line = 1;
-    int m_column = 1;
+    TextPlace m_place;
     // What is too much may be held back, together with much that stands before it.
-    int m_givenLine = 1;
-    int m_givenColumn = 1;
+    TextPlace m_givenPlace;
 };
 
 } // namespace Tobrix::Templates

@@ -67,15 +67,8 @@ bool XmlGuard::isWhiteSpaceSpare() const
     if (!m_isBehindMarkup || m_hasDocumentType) {
         return false;
     }
-    switch (m_notedWhiteSpace) {
-    case SpareWhiteSpace::None:
-        return false;
-    case SpareWhiteSpace::BetweenMarkup:
-        return true;
-    case SpareWhiteSpace::BehindTexts:
-        return m_isBehindText && m_isBehindEnd;
-    }
-    return false;
+    return m_notedWhiteSpace == SpareWhiteSpace::BetweenMarkup ||
+           (m_notedWhiteSpace == SpareWhiteSpace::BehindTexts && m_isBehindText && m_isBehindEnd);
 }
 
 const char *XmlGuard::followWhiteSpace(const char *at, const char *end)
@@ -96,6 +89,9 @@ const char *XmlGuard::followText(const char *at, const char *end)
     const char *const begin = at;
     if (isWhiteSpaceSpare()) {
         at = followWhiteSpace(at, end);
+    } else {
+        // What is left of it in the next bytes is not spare either.
+        m_isBehindMarkup = false;
     }
     at = findBehindReferences('<', at, end);
     m_isBehindText = m_isBehindText || at != begin;

@@ -16,8 +16,9 @@ enum class SpareWhiteSpace {
     None,
     /// All of it: to a document it is nothing.
     BetweenMarkup,
-    /// Only such behind the end of an element, and only where a text stands before it since the last start of
-    /// one: an element without a text may take the white space behind its end for its text.
+    /// Only such behind the end of an element, where the white space of a text may count, and only where a
+    /// text stands before it since the last start of one: an element without a text may take the white space
+    /// behind its end for its text.
     BehindTexts
 };
 
@@ -111,7 +112,8 @@ private:
     QString m_excess;
 
     SpareWhiteSpace m_notedWhiteSpace = SpareWhiteSpace::None;
-    // With nothing but white space in between. At the beginning there is none before an XML declaration.
+    // With nothing but spare white space in between. At the beginning there is none before an XML
+    // declaration.
     bool m_isBehindMarkup = false;
     // Since the last start of an element.
     bool m_isBehindText = false;

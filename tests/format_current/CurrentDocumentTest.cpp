@@ -80,7 +80,8 @@ private Q_SLOTS:
     void fileWithoutTemplateGivesAnEmptyRecord_data();
     void fileWithoutTemplateGivesAnEmptyRecord();
     void missingQuoteKeepsWhatStandsBeforeIt();
-    void tagsLeftOpenBehindAFaultKeepWhatStandsBeforeIt();
+    void firstOfAFaultAndTooManyTagsCounts_data();
+    void firstOfAFaultAndTooManyTagsCounts();
     void faultBeforeTheHeaderLeavesEverythingEmpty_data();
     void faultBeforeTheHeaderLeavesEverythingEmpty();
     void whatStandsBeforeAFaultIsRead();
@@ -181,12 +182,38 @@ void CurrentDocumentTest::missingQuoteKeepsWhatStandsBeforeIt()
     QCOMPARE(rawData.programViews.keys(), QStringList{QStringLiteral("V")});
 }
 
-void CurrentDocumentTest::tagsLeftOpenBehindAFaultKeepWhatStandsBeforeIt()
+void CurrentDocumentTest::firstOfAFaultAndTooManyTagsCounts_data()
 {
+    QTest::addColumn<QByteArray>("beginning");
+    QTest::addColumn<QByteArray>("lineEnd");
+    const QByteArray lineEnds[] = {"", "\n", "\r\n", "\r", "\n    ", "\r    "};
+    const QByteArray beginnings[] = {"",
+                                     "\xC3\xB6\xE2\x82\xAC\xF0\x9F\x93\x8F",
+                                     "\xF6\xF6\xF6\xF6\xF6",
+                                     QByteArray("\x80").repeated(150),
+                                     QByteArray("\xED\xA0\x80").repeated(150),
+                                     QByteArray("x").repeated(20'000)};
+    int row = 0;
+    for (const auto &beginning : beginnings) {
+        for (const auto &lineEnd : lineEnds) {
+            QTest::addRow("%d, %d bytes before them", row++, beginning.size()) << beginning << lineEnd;
+        }
+    }
+}
+
+void CurrentDocumentTest::firstOfAFaultAndTooManyTagsCounts()
+{
+    QFETCH(QByteArray, beginning);
+    QFETCH(QByteArray, lineEnd);
+    const QByteArray name = "<Name>N</Name>" + lineEnd + beginning + lineEnd;
+    const QByteArray fault = "</Wrong>" + lineEnd;
+    const QByteArray tooMany = (lineEnd + "<br>").repeated(200);
     CTemplateRawData rawData;
-    QVERIFY(
-        readDocument(currentDocument("<Name>N</Name></Wrong>" + QByteArray("<br>").repeated(200)), rawData));
+    QVERIFY(readDocument("<Template>" + lineEnd + name + fault + tooMany, rawData));
     QCOMPARE(rawData.key, QStringLiteral("N"));
+    CTemplateRawData emptyData;
+    QVERIFY(readDocument("<Template>" + lineEnd + name + tooMany + fault, emptyData));
+    QCOMPARE(emptyData.key, QString());
 }
 
 void CurrentDocumentTest::faultBeforeTheHeaderLeavesEverythingEmpty_data()

@@ -34,11 +34,11 @@ const Section view = {"view", "PROGVIEW", "PV_Key", "PV_Description", ""};
 const Section listItem = {"list item", "SYSLIST", "LIST_Caption", "LIST_Item", "<LIST_Name>L</LIST_Name>"};
 const Section column = {"column", "SYSCOL", "COL_Caption", "COL_Unit", "<COL_DataType>TXT</COL_DataType>"};
 
-QByteArray documentOf(const Section &section, QByteArray elements)
+QByteArray documentOf(const Section &section, QByteArray elements, const QByteArray &padding = QByteArray())
 {
     elements.replace("{A}", section.a).replace("{B}", section.b);
-    return legacyDocument("<" + section.element + ">" + section.needed + elements + "</" + section.element +
-                          ">");
+    return legacyDocument(padding + "<" + section.element + ">" + section.needed + elements + "</" +
+                          section.element + ">");
 }
 
 /// The texts A and B of the only object read.
@@ -86,6 +86,7 @@ const TextRow firstTextRows[] = {
     {"element around an empty one that takes the white space behind it", "<{A}>x<{B}/>\n </{A}>\n", "x",
      "\n "},
     {"white space before the first element is nobody's", "\n  <{A}>x</{A}>", "x", ""},
+    {"empty element takes the text behind it", "<{A}/>abc   <{B}>y</{B}>", "abc   ", "y"},
     {"unknown element ends an empty element's turn", "<{A}/><Other/>\n", "", ""},
     {"text of an unknown element is nobody's", "<{A}>x</{A}><Other>y</Other>", "x", ""},
     {"comment before the text", "<{A}><!-- c -->x</{A}>", "x", ""},
@@ -162,6 +163,22 @@ void checkTexts()
     QTEST(textsOf(*section, reading.rawData), "texts");
 }
 
+void checkTextsWhereverTheFileIsCut()
+{
+    QFETCH(const Section *, section);
+    QFETCH(QByteArray, elements);
+    // Files are read in pieces of this size.
+    constexpr int piece = 16 * 1024;
+    const QByteArray unpadded = documentOf(*section, elements, "<!---->");
+    const int before = unpadded.indexOf("-->");
+    for (int cut = before; cut < unpadded.size(); ++cut) {
+        const QByteArray padding = "<!--" + QByteArray(piece - cut, 'p') + "-->";
+        const LegacyReading reading(documentOf(*section, elements, padding));
+        QVERIFY(reading.isRead);
+        QTEST(textsOf(*section, reading.rawData), "texts");
+    }
+}
+
 } // namespace
 
 class LegacyTextRulesTest : public QObject
@@ -173,6 +190,10 @@ private Q_SLOTS:
     void firstTextBehindAStartTagCounts() { checkTexts(); }
     void onlyATextDirectlyBehindAStartTagCounts_data() { addTextRows({&column}, directTextRows); }
     void onlyATextDirectlyBehindAStartTagCounts() { checkTexts(); }
+    void firstTextIsTheSameWhereverTheFileIsCut_data() { addTextRows({&header}, firstTextRows); }
+    void firstTextIsTheSameWhereverTheFileIsCut() { checkTextsWhereverTheFileIsCut(); }
+    void directTextIsTheSameWhereverTheFileIsCut_data() { addTextRows({&column}, directTextRows); }
+    void directTextIsTheSameWhereverTheFileIsCut() { checkTextsWhereverTheFileIsCut(); }
     void emptyListNameTakesTheWhiteSpaceBehindIt();
     void emptyNumberOrFlagTakesTheWhiteSpaceBehindIt();
     void emptyDataTypeDropsTheColumn();

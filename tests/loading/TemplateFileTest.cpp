@@ -14,13 +14,25 @@ namespace {
 constexpr auto allBetween = SpareWhiteSpace::BetweenMarkup;
 constexpr auto behindTexts = SpareWhiteSpace::BehindTexts;
 
-// What a file is read in at a time.
+// What a file is read in at a time when a parser asks for less.
 constexpr int chunkSize = 16 * 1024;
+
+QByteArray readAsAParserDoes(TemplateFile &file)
+{
+    constexpr int pieceSize = 1024;
+    QByteArray all;
+    QByteArray piece;
+    do {
+        piece = file.read(pieceSize);
+        all += piece;
+    } while (!piece.isEmpty());
+    return all;
+}
 
 QByteArray handedToAParser(const QString &path, SpareWhiteSpace leftOut)
 {
     TemplateFile file(leftOut);
-    return file.openTemplate(path) ? file.readAll() : QByteArray("cannot be opened");
+    return file.openTemplate(path) ? readAsAParserDoes(file) : QByteArray("cannot be opened");
 }
 
 /// A document in which the last of so many elements in each other is too much. The place is behind its
@@ -41,8 +53,12 @@ private Q_SLOTS:
     void whiteSpaceIsLeftOut();
     void everyWholeRunWithinAChunkIsLeftOut();
     void otherEncodingsAreHandedOverAsTheyAre();
+    void declarationMustSayPlainlyWhatTheEncodingIs_data();
+    void declarationMustSayPlainlyWhatTheEncodingIs();
     void placeOfWhatIsTooMuch_data();
     void placeOfWhatIsTooMuch();
+    void fileIsGoneOverWholeFromTheBeginning();
+    void fileThatCannotBeOpenedLeavesNothingOfTheOneBefore();
 
 private:
     MemoryFile m_file;
@@ -124,6 +140,48 @@ void TemplateFileTest::otherEncodingsAreHandedOverAsTheyAre()
     QCOMPARE(handedToAParser(m_file.path(), behindTexts), bytes);
 }
 
+void TemplateFileTest::declarationMustSayPlainlyWhatTheEncodingIs_data()
+{
+    QTest::addColumn<QByteArray>("declaration");
+    QTest::addColumn<bool>("isPlain");
+    const auto row = [](const char *declaration, bool isPlain) {
+        QTest::newRow(declaration) << QByteArray(declaration) << isPlain;
+    };
+    row("<?xml version='1.0'?>", true);
+    row("<?xml version='1.0' encoding='UTF-8'?>", true);
+    row("<?xml\tversion=\"1.0\"\r\n encoding \n=\t\"ISO-8859-1\" standalone='no' ?>", true);
+    row("<?xml version='1.0' encoding='of.no_Codec-1'?>", true);
+    row("<?xml encoding='UTF-8'?>", false);
+    row("<?xml version='1.0'encoding='UTF-8'?>", false);
+    row("<?xml version='encoding=\"UTF-8\"'?>", false);
+    row("<?xml version='1.0' encoding='UTF-8' encoding='UTF-16'?>", false);
+    row("<?xml version='&#49;.0' encoding='UTF-8'?>", false);
+    row("<?xml version='1.0' encoding='UTF-8' standalone='&no;'?>", false);
+    row("<?xml version='1.0' encoding 'UTF-8'?>", false);
+    row("<?xml version='1.0' encoding=UTF-8?>", false);
+    row("<?xml version='1.0' encoding='UTF-8\"?>", false);
+    row("<?xml version='1.0' encoding=''?>", false);
+    row("<?xml version='1.0' encoding=' UTF-8'?>", false);
+    row("<?xml version='1.0' encoding='8'?>", false);
+    row("<?xml version='1.0' encoding='UTF\xC2\xAD"
+        "8'?>",
+        false);
+    row("<?xml version='1.0' encoding", false);
+    row("<?xml version='1.0' encoding=", false);
+    row("<?xmlencoding='UTF-8'?>", false);
+}
+
+void TemplateFileTest::declarationMustSayPlainlyWhatTheEncodingIs()
+{
+    QFETCH(QByteArray, declaration);
+    m_file.write(declaration + "<r/>");
+    TemplateFile file;
+    QVERIFY(file.openTemplate(m_file.path()));
+    readAsAParserDoes(file);
+    QFETCH(bool, isPlain);
+    QCOMPARE(file.excess(), isPlain ? QString() : QStringLiteral("an XML declaration of unusual form"));
+}
+
 void TemplateFileTest::placeOfWhatIsTooMuch_data()
 {
     QTest::addColumn<QByteArray>("beginning");
@@ -141,13 +199,19 @@ void TemplateFileTest::placeOfWhatIsTooMuch_data()
     QTest::newRow("behind characters of one byte that are none of ASCII")
         << QByteArray("\xE4\xF6\xFC\xBF") << QByteArray("<?xml version='1.0' encoding='ISO-8859-1'?>") << 1
         << 43 + tags + 4 + 1;
-    for (const int size : {chunkSize - 1, chunkSize, chunkSize + 1, 10 * chunkSize}) {
+    QTest::newRow("behind a stray byte of no character")
+        << QByteArray("\x80\xF6\xFC|\xED\xA0\x80") << none << 1 << tags + 7 + 1;
+    QTest::newRow("behind carriage returns") << QByteArray("\r\r\nx\r") << none << 4 << tags - 3 + 1;
+    // With the least of them the last byte of a chunk is a carriage return.
+    for (const int size : {chunkSize - 4, chunkSize - 1, chunkSize, chunkSize + 1, 10 * chunkSize}) {
         QTest::addRow("in a line of %d bytes", size)
             << QByteArray("x").repeated(size) << none << 1 << tags + size + 1;
         QTest::addRow("in a line of %d characters of three bytes", size)
             << QByteArray("\xE2\x82\xAC").repeated(size) << none << 1 << tags + size + 1;
         QTest::addRow("in a line behind one of %d bytes", size)
             << QByteArray("x").repeated(size) + "\nxyz" << none << 2 << tags - 3 + 3 + 1;
+        QTest::addRow("in a line behind one of %d bytes and a carriage return", size)
+            << QByteArray("x").repeated(size) + "\r\nxyz" << none << 2 << tags - 3 + 3 + 1;
     }
 }
 
@@ -158,10 +222,41 @@ void TemplateFileTest::placeOfWhatIsTooMuch()
     m_file.write(mark + tooDeepBehind(beginning));
     TemplateFile file;
     QVERIFY(file.openTemplate(m_file.path()));
-    file.readAll();
+    readAsAParserDoes(file);
     QCOMPARE(file.excess(), QStringLiteral("more than %1 elements in each other").arg(Limits::depth));
     QTEST(file.excessLine(), "line");
     QTEST(file.excessColumn(), "column");
+}
+
+void TemplateFileTest::fileIsGoneOverWholeFromTheBeginning()
+{
+    const QByteArray content = "<a>\n  " + tooDeepBehind("x");
+    m_file.write(content);
+    TemplateFile file(allBetween);
+    QVERIFY(file.openTemplate(m_file.path()));
+    const QByteArray leftOut = readAsAParserDoes(file);
+    QVERIFY(!file.excess().isEmpty());
+    file.restartWhole();
+    QVERIFY(file.excess().isEmpty());
+    const QByteArray whole = readAsAParserDoes(file);
+    QVERIFY(content.startsWith(whole));
+    QCOMPARE(leftOut, QByteArray(whole).replace("\n  ", ""));
+    QCOMPARE(file.excessLine(), 2);
+    // The next file is read as this one was at first.
+    QVERIFY(file.openTemplate(m_file.path()));
+    QCOMPARE(readAsAParserDoes(file), leftOut);
+}
+
+void TemplateFileTest::fileThatCannotBeOpenedLeavesNothingOfTheOneBefore()
+{
+    m_file.write(tooDeepBehind("\n"));
+    TemplateFile file;
+    QVERIFY(file.openTemplate(m_file.path()));
+    readAsAParserDoes(file);
+    QVERIFY(!file.excess().isEmpty());
+    QVERIFY(!file.openTemplate(QStringLiteral("/nonexistent/template.xml")));
+    QCOMPARE(file.excess(), QString());
+    QCOMPARE(file.excessLine(), 1);
 }
 
 QTEST_APPLESS_MAIN(TemplateFileTest)
