@@ -192,6 +192,23 @@ void TemplateFile::restartWhole()
     requireSize(size());
 }
 
+QByteArray TemplateFile::unguarded()
+{
+    seek(0);
+    QByteArray bytes(static_cast<int>(size()), Qt::Uninitialized);
+    int end = 0;
+    while (end < bytes.size()) {
+        const qint64 read = QFile::readData(bytes.data() + end, bytes.size() - end);
+        if (read <= 0) {
+            break;
+        }
+        end += static_cast<int>(read);
+    }
+    close();
+    bytes.truncate(end);
+    return bytes;
+}
+
 void TemplateFile::start(SpareWhiteSpace leftOut)
 {
     m_isWhole = leftOut == SpareWhiteSpace::None;

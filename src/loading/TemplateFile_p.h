@@ -26,6 +26,9 @@ public:
     bool openTemplate(const QString &path);
     /// Goes back to the beginning of the file that is open, of which nothing is left out from now on.
     void restartWhole();
+    /// All bytes of the file that is open, for whoever knows that nothing in it is too much. Nothing can be
+    /// read from it after that.
+    QByteArray unguarded();
 
     /// What is too much in the file, in words; empty when nothing was as far as the file has been read.
     QString excess() const { return m_excess; }

@@ -25,14 +25,15 @@ public:
         const QChar lineFeed = QLatin1Char('\n');
         const QChar carriageReturn = QLatin1Char('\r');
         m_line += piece.count(lineFeed);
+        int lineEnd = piece.lastIndexOf(lineFeed);
         if (piece.contains(carriageReturn)) {
             m_line += piece.count(carriageReturn) - piece.count(QLatin1String("\r\n"));
+            lineEnd = std::max(lineEnd, piece.lastIndexOf(carriageReturn));
         }
         if (m_isBehindReturn && piece.startsWith(lineFeed)) {
             --m_line;
         }
         m_isBehindReturn = piece.endsWith(carriageReturn);
-        const int lineEnd = std::max(piece.lastIndexOf(lineFeed), piece.lastIndexOf(carriageReturn));
         m_column = lineEnd < 0 ? m_column + piece.size() : piece.size() - lineEnd;
     }
 

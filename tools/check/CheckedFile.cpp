@@ -37,16 +37,13 @@ QByteArray beginningOf(const QString &fileName)
     return file.open(QIODevice::ReadOnly) ? file.read(enough) : QByteArray();
 }
 
-XmlVerdict verdictOn(const QByteArray &bytes, bool isCurrent)
+XmlVerdict verdictOn(QIODevice &content, bool isCurrent)
 {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
     if (!isCurrent) {
-        return judgeByStream(buffer);
+        return judgeByStream(content);
     }
     QDomDocument document;
-    return judgeByDom(buffer, document);
+    return judgeByDom(content, document);
 }
 
 /// Whether a parser complains about bytes that stand for no character.
@@ -67,18 +64,41 @@ CheckedFile::~CheckedFile() = default;
 
 void CheckedFile::read()
 {
-    TemplateFile file;
+    // Whether a file is well-formed the parser tells sooner without white space, and where it is not, only of
+    // the whole.
+    TemplateFile file(SpareWhiteSpace::BetweenMarkup);
     if (!file.openTemplate(m_fileName)) {
         m_problem = whyNotOpened(m_fileName);
         return;
     }
-    const QByteArray bytes = file.readAll();
+    m_verdict = verdictOn(file, m_isCurrent);
     if (file.error() != QFileDevice::NoError) {
         m_problem = file.errorString();
-        return;
+    } else if (m_verdict.isWellFormed && file.excess().isEmpty()) {
+        readSound(file.unguarded());
+    } else {
+        file.restartWhole();
+        readDamaged(file);
     }
+}
+
+void CheckedFile::readSound(const QByteArray &bytes)
+{
     m_source = decodedXml(bytes);
-    m_verdict = verdictOn(bytes, m_isCurrent);
+    countItems();
+    // A file may have the character that others are replaced with as its own.
+    if (m_source.contains(QChar(QChar::ReplacementCharacter))) {
+        m_undecodable = undecodableOf(bytes);
+    }
+}
+
+void CheckedFile::readDamaged(TemplateFile &file)
+{
+    QByteArray bytes = file.readAll();
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    m_source = decodedXml(bytes);
+    m_verdict = verdictOn(buffer, m_isCurrent);
     if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(m_verdict.line, m_verdict.column)) {
         m_excess = file.excess();
         // Of such a file only a beginning was handed out, which need not reach as far as the place.
@@ -93,11 +113,7 @@ void CheckedFile::read()
                         ? undecodableAt(bytes)
                         : placeOfFault(tree(), places().offsetOf(m_verdict.line, m_verdict.column));
     } else {
-        countItems();
-        // A file may have the character that others are replaced with as its own.
-        if (m_source.contains(QChar(QChar::ReplacementCharacter))) {
-            m_undecodable = undecodableOf(bytes);
-        }
+        readSound(bytes);
     }
 }
 

@@ -10,6 +10,10 @@
 
 #include <memory>
 
+namespace Tobrix::Templates {
+class TemplateFile;
+} // namespace Tobrix::Templates
+
 namespace Tobrix::Tools {
 
 /// A template file as the rules see it: what its parser says, its elements, and what the library makes of it.
@@ -50,6 +54,8 @@ private:
     Q_DISABLE_COPY(CheckedFile)
 
     void read();
+    void readSound(const QByteArray &bytes);
+    void readDamaged(Templates::TemplateFile &file);
     void countItems();
     const SourcePlaces &places() const;
 

@@ -35,7 +35,9 @@ XmlVerdict verdictOf(const QXmlStreamReader &xml)
 XmlVerdict judgeByStream(QIODevice &file)
 {
     QXmlStreamReader xml(&file);
-    while (!xml.atEnd()) {
+    // Whether the reader is at its end, it asks the device, and that does not know what was left out of a
+    // file.
+    while (xml.tokenType() != QXmlStreamReader::EndDocument && xml.tokenType() != QXmlStreamReader::Invalid) {
         xml.readNext();
     }
     return verdictOf(xml);

@@ -66,7 +66,8 @@ QString withPlainBreaks(QStringView source, bool isAttribute)
 
 } // namespace
 
-XmlTree::XmlTree(const QString &source, XmlFlavour flavour) : m_source(source), m_flavour(flavour)
+XmlTree::XmlTree(const QString &source, XmlFlavour flavour)
+    : m_source(source), m_hasReferences(source.contains(QLatin1Char('&'))), m_flavour(flavour)
 {
     XmlScanner(*this).scan();
 }
@@ -162,6 +163,10 @@ QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
     const auto plain = [&](QStringView piece) {
         return m_flavour == XmlFlavour::Stream ? withPlainBreaks(piece, isAttribute) : piece.toString();
     };
+    if (!m_hasReferences) {
+        const QString text = plain(raw);
+        return text.isNull() ? QStringLiteral("") : text;
+    }
     QString text;
     qsizetype from = 0;
     for (;;) {
@@ -203,6 +208,9 @@ bool XmlTree::hasEntity(QStringView name) const
 std::vector<int> XmlTree::unknownEntities() const
 {
     std::vector<int> places;
+    if (!m_hasReferences) {
+        return places;
+    }
     for (const auto &node : m_nodes) {
         if (node.kind == XmlNode::Text || node.kind == XmlNode::Reference) {
             collectUnknownEntities(node.contentAt, node.contentSize, places);

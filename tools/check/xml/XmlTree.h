@@ -133,6 +133,7 @@ private:
     void collectUnknownEntities(int at, int size, std::vector<int> &places) const;
 
     QString m_source;
+    bool m_hasReferences; // hardly a template has any
     XmlFlavour m_flavour;
     std::vector<XmlNode> m_nodes;
     std::vector<XmlAttribute> m_attributes;
