@@ -28,7 +28,10 @@ struct Value
     bool isWhiteSpace() const { return !isEmpty() && isBlank(); }
 
     /// Whether white space stands around the value, so that it is another one than it seems to be.
-    bool isPadded() const { return text.size() != text.trimmed().size() && !isBlank(); }
+    bool isPadded() const
+    {
+        return !text.isEmpty() && (text.front().isSpace() || text.back().isSpace()) && !isBlank();
+    }
 };
 
 /// A value with the name of its attribute or element, for the rules about values of any meaning. Plain texts

@@ -51,7 +51,7 @@ QStringView withoutPrefix(QStringView name)
 void XmlScanner::scan()
 {
     // Hardly a template has its nodes closer together.
-    constexpr int charactersOfANode = 14;
+    constexpr int charactersOfANode = 12;
     m_tree.m_nodes.reserve(static_cast<std::size_t>(m_size / charactersOfANode));
     while (m_at < m_size) {
         const int markup = m_source.indexOf(QLatin1Char('<'), m_at);

@@ -67,7 +67,10 @@ QString withPlainBreaks(QStringView source, bool isAttribute)
 } // namespace
 
 XmlTree::XmlTree(const QString &source, XmlFlavour flavour)
-    : m_source(source), m_hasReferences(source.contains(QLatin1Char('&'))), m_flavour(flavour)
+    : m_source(source)
+    , m_hasReferences(source.contains(QLatin1Char('&')))
+    , m_hasReturns(source.contains(QLatin1Char('\r')))
+    , m_flavour(flavour)
 {
     XmlScanner(*this).scan();
 }
@@ -161,7 +164,9 @@ QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
 {
     // What a reference stands for keeps its line breaks: only those of the source are made plain.
     const auto plain = [&](QStringView piece) {
-        return m_flavour == XmlFlavour::Stream ? withPlainBreaks(piece, isAttribute) : piece.toString();
+        return m_flavour == XmlFlavour::Stream && (m_hasReturns || isAttribute)
+                   ? withPlainBreaks(piece, isAttribute)
+                   : piece.toString();
     };
     if (!m_hasReferences) {
         const QString text = plain(raw);
