@@ -13,18 +13,22 @@ using namespace Tobrix;
 
 namespace {
 
+QString pathOf(const QByteArray &file)
+{
+    const auto *bytes = reinterpret_cast<const std::uint8_t *>(file.constData());
+    return Fuzzing::fileOf(bytes, static_cast<std::size_t>(file.size()));
+}
+
 Fuzzing::Reading readingOf(const QByteArray &file)
 {
     Templates::CTemplateXMLReader reader;
-    const auto *bytes = reinterpret_cast<const std::uint8_t *>(file.constData());
-    return Fuzzing::readingOf(reader, Fuzzing::fileOf(bytes, static_cast<std::size_t>(file.size())), false);
+    return Fuzzing::readingOf(reader, pathOf(file), false);
 }
 
 bool isWithinLimits(const QByteArray &file)
 {
     Templates::TemplateFile opened;
-    const auto *bytes = reinterpret_cast<const std::uint8_t *>(file.constData());
-    opened.openTemplate(Fuzzing::fileOf(bytes, static_cast<std::size_t>(file.size())));
+    opened.openTemplate(pathOf(file));
     opened.readAll();
     return opened.excess().isEmpty();
 }

@@ -16,9 +16,8 @@ enum class SpareWhiteSpace {
     None,
     /// All of it: to a document it is nothing.
     BetweenMarkup,
-    /// Only such behind the end of an element, where the white space of a text may count, and only where a
-    /// text stands before it since the last start of one: an element without a text may take the white space
-    /// behind its end for its text.
+    /// Only such behind the end of an element that has a text: within an element it may be part of the text,
+    /// and an element without a text may take the white space behind its end for one.
     BehindTexts
 };
 

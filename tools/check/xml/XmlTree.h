@@ -133,7 +133,8 @@ private:
     void collectUnknownEntities(int at, int size, std::vector<int> &places) const;
 
     QString m_source;
-    bool m_hasReferences; // hardly a template has any, nor of the next
+    // Hardly a template has either, so that its texts need not be searched for them one by one.
+    bool m_hasReferences;
     bool m_hasReturns;
     XmlFlavour m_flavour;
     std::vector<XmlNode> m_nodes;
