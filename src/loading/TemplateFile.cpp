@@ -195,7 +195,8 @@ void TemplateFile::restartWhole()
 QByteArray TemplateFile::unguarded()
 {
     seek(0);
-    QByteArray bytes(static_cast<int>(size()), Qt::Uninitialized);
+    // The file may have grown since.
+    QByteArray bytes(static_cast<int>(std::min<qint64>(size(), Limits::fileSize)), Qt::Uninitialized);
     int end = 0;
     while (end < bytes.size()) {
         const qint64 read = QFile::readData(bytes.data() + end, bytes.size() - end);
