@@ -5,7 +5,7 @@
 #include "fuzzing/Reading.h"
 
 #include "format_legacy/CTemplateXMLReader.h"
-#include "loading/TemplateFile_p.h"
+#include "xml/GuardedFile_p.h"
 
 #include <QTextCodec>
 
@@ -27,7 +27,7 @@ Fuzzing::Reading readingOf(const QByteArray &file)
 
 bool isWithinLimits(const QByteArray &file)
 {
-    Templates::TemplateFile opened;
+    Templates::GuardedFile opened;
     opened.openTemplate(pathOf(file));
     opened.readAll();
     return opened.excess().isEmpty();

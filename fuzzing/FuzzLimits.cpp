@@ -3,8 +3,8 @@
 
 #include "fuzzing/FuzzInput.h"
 
-#include "loading/Limits_p.h"
-#include "loading/TemplateFile_p.h"
+#include "xml/XmlLimits_p.h"
+#include "xml/GuardedFile_p.h"
 
 #include <QDomDocument>
 #include <QXmlStreamReader>
@@ -88,7 +88,7 @@ Extent documentExtent(QIODevice &file)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
 {
     const QString path = Tobrix::Fuzzing::fileOf(bytes, size);
-    TemplateFile file;
+    GuardedFile file;
     if (file.openTemplate(path)) {
         requireWithinLimits("stream", streamedExtent(file));
     }

@@ -2,8 +2,8 @@
 
 #include "format_current/CurrentFormatTables_p.h"
 #include "loading/CTemplateBuilder.h"
-#include "loading/Limits_p.h"
-#include "loading/TemplateFile_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/GuardedFile_p.h"
 #include "model/CListItem.h"
 #include "model/CProgramView.h"
 #include "model/CTemplateColumn.h"
@@ -192,7 +192,7 @@ bool PlainTemplateReader::readFile(const QString &fileName, CTemplateRawData &ra
     m_defaultValues.clear();
     m_rawData = &rawData;
 
-    TemplateFile file;
+    GuardedFile file;
     if (!file.openTemplate(fileName)) {
         return false;
     }
@@ -216,7 +216,7 @@ bool PlainTemplateReader::isWithinLimits() const
            countWithinEach(m_document, QStringLiteral("ValueList"), QStringLiteral("ValueListItem")) <=
                Limits::listItems &&
            countWithinEach(m_document, QStringLiteral("ClassificationColorScope"),
-                           QStringLiteral("ClassificationColor")) <= Limits::legendItems &&
+                           QStringLiteral("ClassificationColor")) <= Limits::legendClasses &&
            m_document.elementsByTagName(QStringLiteral("View")).count() <= Limits::views;
 }
 

@@ -3,8 +3,8 @@
 #include "format_current/CurrentFormatTables_p.h"
 #include "format_current/DocumentIndex_p.h"
 #include "loading/CTemplateBuilder.h"
-#include "loading/Limits_p.h"
-#include "loading/TemplateFile_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/GuardedFile_p.h"
 #include "model/CListItem.h"
 #include "model/CProgramView.h"
 #include "model/CTemplateColumn.h"
@@ -176,17 +176,17 @@ bool isWithinLimits(const DocumentIndex &document)
     for (const auto &scope : colorScopes(document)) {
         bands += isDefaultColorScope(scope) ? scope.all(ElementName::ClassificationColor).count() : 0;
     }
-    return bands <= Limits::legendItems && document.all(ElementName::View).count() <= Limits::views &&
+    return bands <= Limits::legendClasses && document.all(ElementName::View).count() <= Limits::views &&
            document.countWithinEach(ElementName::View, ElementName::Column) <= Limits::columns &&
            document.countWithinEach(ElementName::ValueList, ElementName::ValueListItem) <= Limits::listItems;
 }
 
 /// A template file that is followed by the index of the document that a parser makes of it.
-class FollowedFile : public TemplateFile
+class FollowedFile : public GuardedFile
 {
 public:
     explicit FollowedFile(DocumentIndex &document)
-        : TemplateFile(SpareWhiteSpace::BetweenMarkup), m_document(document)
+        : GuardedFile(SpareWhiteSpace::BetweenMarkup), m_document(document)
     {
     }
 
@@ -194,7 +194,7 @@ protected:
     qint64 readData(char *data, qint64 maxSize) override
     {
         m_document.follow();
-        return TemplateFile::readData(data, maxSize);
+        return GuardedFile::readData(data, maxSize);
     }
 
 private:

@@ -4,8 +4,8 @@
 #include "format_legacy/LegacyFields_p.h"
 #include "format_legacy/LegacySection_p.h"
 #include "loading/CTemplateBuilder.h"
-#include "loading/Limits_p.h"
-#include "loading/TemplateFile_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/GuardedFile_p.h"
 #include "rawdata/CTemplateRawData.h"
 
 namespace Tobrix::Templates {
@@ -38,7 +38,7 @@ CTemplateLegendDataItem legendItemOf(const QXmlStreamAttributes &attributes)
 } // namespace
 
 CTemplateXMLReader::CTemplateXMLReader()
-    : m_file(std::make_unique<TemplateFile>(SpareWhiteSpace::BehindTexts))
+    : m_file(std::make_unique<GuardedFile>(SpareWhiteSpace::BehindTexts))
     , m_xml(std::make_unique<LegacyXmlStream>())
 {
 }
@@ -188,7 +188,7 @@ bool CTemplateXMLReader::readLegendItems() const
     };
     const bool isComplete = walkSection(*m_xml, CTemplateTokenizer::stringToLegendToken,
                                         TextRule::EveryWithinElement, onStart, onText);
-    return isComplete && m_rawData->legendA.size() + m_rawData->legendB.size() <= Limits::legendItems;
+    return isComplete && m_rawData->legendA.size() + m_rawData->legendB.size() <= Limits::legendClasses;
 }
 
 } // namespace Tobrix::Templates

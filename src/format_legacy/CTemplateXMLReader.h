@@ -8,7 +8,7 @@
 namespace Tobrix::Templates {
 
 class LegacyXmlStream;
-class TemplateFile;
+class GuardedFile;
 
 /// Reads templates of the legacy format: a stream of sections (header, views, columns, list items, legends)
 /// below the containers "TobrixTemplate" and "TXSYS", in any order and number. Anything else is skipped with
@@ -41,7 +41,7 @@ private:
 
     CTemplateRawData *m_rawData = nullptr;
     // The XML reader reads from the file, so it goes first when the members are destroyed.
-    const std::unique_ptr<TemplateFile> m_file;
+    const std::unique_ptr<GuardedFile> m_file;
     const std::unique_ptr<LegacyXmlStream> m_xml;
 };
 

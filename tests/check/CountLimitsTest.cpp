@@ -1,5 +1,6 @@
 #include "CheckDocuments.h"
-#include "loading/Limits_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/XmlLimits_p.h"
 #include "support/TemporaryTemplate.h"
 #include "tools/check/CheckedFile.h"
 #include "tools/json/FileJson.h"
@@ -64,7 +65,7 @@ void CountLimitsTest::containersInEachOtherGoPastALimit_data()
                                 << Limits::listItems << "list items";
     QTest::newRow("legend classes") << QByteArray("<ClassificationColorScopes>")
                                     << QByteArray("ClassificationColorScope Name=\"ClassColorDefault\"")
-                                    << QByteArray("<ClassificationColor/>") << Limits::legendItems
+                                    << QByteArray("<ClassificationColor/>") << Limits::legendClasses
                                     << "legend classes";
 }
 
@@ -103,8 +104,8 @@ void CountLimitsTest::containersBehindEachOtherGoPastALimit_data()
     };
     const QByteArray shown("ClassColorDefault");
     QTest::newRow("legend classes") << scope(shown, 1) + scope("Other", 1) +
-                                           scope(shown, Limits::legendItems - 1)
-                                    << scope(shown, 2) << Limits::legendItems << "legend classes";
+                                           scope(shown, Limits::legendClasses - 1)
+                                    << scope(shown, 2) << Limits::legendClasses << "legend classes";
 }
 
 void CountLimitsTest::containersBehindEachOtherGoPastALimit()
@@ -129,7 +130,7 @@ void CountLimitsTest::classesOfOtherSchemesAreNotCounted()
     constexpr int nesting = Limits::depth - 5;
     const QByteArray scopes =
         QByteArray("<ClassificationColorScope Name=\"Other\">").repeated(nesting) +
-        QByteArray("<ClassificationColor/>").repeated(Limits::legendItems / nesting + 1) +
+        QByteArray("<ClassificationColor/>").repeated(Limits::legendClasses / nesting + 1) +
         QByteArray("</ClassificationColorScope>").repeated(nesting);
     const TemporaryTemplate file(
         QStringLiteral("templates_new"),
@@ -155,7 +156,7 @@ void CountLimitsTest::legacySectionsGoPastALimit_data()
     QTest::newRow("views") << QByteArray() << QByteArray("<PROGVIEW><PV_PK>%</PV_PK></PROGVIEW>")
                            << Limits::views << "views";
     QTest::newRow("legend classes") << QByteArray("<LegendOfClassification><Lateral/><Section/>")
-                                    << QByteArray("<class/>") << Limits::legendItems << "legend classes";
+                                    << QByteArray("<class/>") << Limits::legendClasses << "legend classes";
 }
 
 void CountLimitsTest::legacySectionsGoPastALimit()
@@ -193,7 +194,7 @@ void CountLimitsTest::whatTheLegacyReaderDropsIsNotCounted_data()
     QTest::newRow("columns of unknown type") << QByteArray("<SYSCOL/>").repeated(Limits::columns + 1);
     QTest::newRow("classes of a group that begins anew")
         << "<LegendOfClassification>" +
-               ("<Section/>" + QByteArray("<class/>").repeated(Limits::legendItems)).repeated(2) +
+               ("<Section/>" + QByteArray("<class/>").repeated(Limits::legendClasses)).repeated(2) +
                "</LegendOfClassification>";
 }
 

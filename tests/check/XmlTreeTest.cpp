@@ -1,8 +1,9 @@
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
+
 #include "CheckDocuments.h"
 #include "tools/check/CheckedFile.h"
-#include "tools/check/xml/SourcePlaces.h"
-#include "tools/check/xml/XmlDecoding.h"
+#include "xml/SourcePlaces_p.h"
+#include "xml/XmlDecoding_p.h"
 
 #include <QDomDocument>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <QTextCodec>
 #include <QXmlStreamReader>
 
+using namespace Tobrix::Templates;
 using namespace Tobrix::Tools;
 
 namespace {
@@ -191,7 +193,7 @@ void XmlTreeTest::nodesKnowTheirPlaces()
 {
     const QString source = QStringLiteral("<?xml version=\"1.0\"?>\n<!-- a -->\n"
                                           "<r>\n  <e  b = '1' c=\"2\">text<![CDATA[more]]></e>\n</r>\n");
-    const XmlTree tree(source, XmlFlavour::Dom);
+    const XmlTree tree(source, XmlDialect::Dom);
     const XmlElement element = tree.first(QLatin1String("e"));
     QCOMPARE(tree.root().at(), source.indexOf(QLatin1String("<r")));
     QCOMPARE(element.at(), source.indexOf(QLatin1String("<e")));
@@ -254,7 +256,7 @@ void XmlTreeTest::entityOfAnotherFileDividesAText_data()
 void XmlTreeTest::entityOfAnotherFileDividesAText()
 {
     QFETCH(QByteArray, source);
-    const XmlTree tree(QString::fromUtf8(source), XmlFlavour::Stream);
+    const XmlTree tree(QString::fromUtf8(source), XmlDialect::Stream);
     QVERIFY(!tree.unknownEntities().empty());
     QCOMPARE(tree.unfollowedDocumentType(), -1);
     QCOMPARE(tokensOf(tree), tokensOf(source));
@@ -293,7 +295,7 @@ void XmlTreeTest::brokenDocumentComesToAnEnd()
 {
     QFETCH(QString, source);
     QFETCH(int, brokenAt);
-    const XmlTree whole(source, XmlFlavour::Dom);
+    const XmlTree whole(source, XmlDialect::Dom);
     QCOMPARE(whole.brokenAt(), brokenAt);
     for (int i = 0; i < whole.size(); ++i) {
         QVERIFY(whole.node(i).end > i && whole.node(i).end <= whole.size());
@@ -306,7 +308,7 @@ void XmlTreeTest::unknownEntitiesAreFound()
 {
     const QString source = QStringLiteral("<!DOCTYPE a [<!ENTITY own \"1\">]>"
                                           "<a b='&own;&none;'>&#65;&#x42;&lt;&other;<![CDATA[&c;]]></a>");
-    const XmlTree tree(source, XmlFlavour::Dom);
+    const XmlTree tree(source, XmlDialect::Dom);
     const std::vector<int> expected{source.indexOf(QLatin1String("&none;")),
                                     source.indexOf(QLatin1String("&other;"))};
     QCOMPARE(tree.unknownEntities(), expected);
@@ -333,7 +335,7 @@ void XmlTreeTest::documentTypeThatAddsElementsIsNotFollowed()
 {
     QFETCH(QString, documentType);
     QFETCH(bool, isFollowed);
-    const XmlTree tree(QStringLiteral("<!DOCTYPE a [%1]><a/>").arg(documentType), XmlFlavour::Dom);
+    const XmlTree tree(QStringLiteral("<!DOCTYPE a [%1]><a/>").arg(documentType), XmlDialect::Dom);
     QCOMPARE(tree.unfollowedDocumentType(), isFollowed ? -1 : 0);
     QCOMPARE(tree.root().name(), QStringLiteral("a"));
 }
@@ -351,7 +353,7 @@ void XmlTreeTest::entityThatDividesATextIsNotFollowed()
 {
     QFETCH(QString, documentType);
     QFETCH(bool, isFollowed);
-    const XmlTree tree(QStringLiteral("<!DOCTYPE a %1><a/>").arg(documentType), XmlFlavour::Stream);
+    const XmlTree tree(QStringLiteral("<!DOCTYPE a %1><a/>").arg(documentType), XmlDialect::Stream);
     QCOMPARE(tree.unfollowedDocumentType(), isFollowed ? -1 : 0);
 }
 

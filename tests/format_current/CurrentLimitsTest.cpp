@@ -87,7 +87,7 @@ void CurrentLimitsTest::elementInContainersInEachOtherCountsForEach()
 
 void CurrentLimitsTest::bandsOfOtherSchemesDoNotCount()
 {
-    const QByteArray bands = QByteArray("<ClassificationColor/>").repeated(Limits::legendItems + 1);
+    const QByteArray bands = QByteArray("<ClassificationColor/>").repeated(Limits::legendClasses + 1);
     const ReadElements read(
         "<Name>k</Name><ClassificationColorScopes><ClassificationColorScope Name='Other'>" + bands +
         "</ClassificationColorScope></ClassificationColorScopes>");

@@ -59,11 +59,11 @@ void LegacyLimitsTest::viewsOfOneIdAreOne()
 void LegacyLimitsTest::bandsThatWereClearedDoNotCount()
 {
     const QByteArray group =
-        "<Section>" + QByteArray("<class/>").repeated(Tobrix::Templates::Limits::legendItems) + "</Section>";
+        "<Section>" + QByteArray("<class/>").repeated(Tobrix::Templates::Limits::legendClasses) + "</Section>";
     const LegacyReading reading(
         legacyDocument("<LegendOfClassification>" + group + group + "</LegendOfClassification>"));
     QVERIFY(reading.isRead);
-    QCOMPARE(reading.rawData.legendA.size(), Tobrix::Templates::Limits::legendItems);
+    QCOMPARE(reading.rawData.legendA.size(), Tobrix::Templates::Limits::legendClasses);
 }
 
 void LegacyLimitsTest::droppedColumnsDoNotCount()

@@ -2,7 +2,8 @@
 
 #include "Markup.h"
 
-#include "loading/Limits_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/XmlLimits_p.h"
 
 #include <functional>
 #include <vector>

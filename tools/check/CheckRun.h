@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tools/check/rules/Rule.h"
-#include "tools/check/xml/SourcePlaces.h"
+#include "xml/SourcePlaces_p.h"
 
 #include <QSet>
 #include <QStringList>
@@ -16,7 +16,7 @@ struct ReportedFinding
 {
     const Rule *rule = nullptr;
     Severity severity = Severity::Note;
-    Place place;
+    Templates::Place place;
     QString message;
 };
 

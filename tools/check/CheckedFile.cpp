@@ -3,10 +3,10 @@
 #include "tools/check/CountLimits.h"
 #include "tools/check/model/CurrentModel.h"
 #include "tools/check/model/LegacyModel.h"
-#include "tools/check/xml/XmlFault.h"
+#include "xml/XmlFault_p.h"
 #include "tools/loading/FileAccess.h"
 
-#include "loading/TemplateFile_p.h"
+#include "xml/GuardedFile_p.h"
 #include "loading/TemplateLocation_p.h"
 
 #include <QBuffer>
@@ -66,7 +66,7 @@ void CheckedFile::read()
 {
     // Whether a file is well-formed the parser tells sooner without white space, and where it is not, only of
     // the whole.
-    TemplateFile file(SpareWhiteSpace::BetweenMarkup);
+    GuardedFile file(SpareWhiteSpace::BetweenMarkup);
     if (!file.openTemplate(m_fileName)) {
         m_problem = whyNotOpened(m_fileName);
         return;
@@ -92,7 +92,7 @@ void CheckedFile::readSound(const QByteArray &bytes)
     }
 }
 
-void CheckedFile::readDamaged(TemplateFile &file)
+void CheckedFile::readDamaged(GuardedFile &file)
 {
     QByteArray bytes = file.readAll();
     QBuffer buffer(&bytes);
@@ -141,7 +141,7 @@ Place CheckedFile::placeOf(int at) const
 const XmlTree &CheckedFile::tree() const
 {
     if (!m_tree) {
-        m_tree = std::make_unique<XmlTree>(m_source, m_isCurrent ? XmlFlavour::Dom : XmlFlavour::Stream);
+        m_tree = std::make_unique<XmlTree>(m_source, m_isCurrent ? XmlDialect::Dom : XmlDialect::Stream);
     }
     return *m_tree;
 }

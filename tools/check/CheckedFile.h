@@ -1,9 +1,9 @@
 #pragma once
 
 #include "tools/check/model/TemplateModel.h"
-#include "tools/check/xml/SourcePlaces.h"
-#include "tools/check/xml/XmlDecoding.h"
-#include "tools/check/xml/XmlTree.h"
+#include "xml/SourcePlaces_p.h"
+#include "xml/XmlDecoding_p.h"
+#include "xml/XmlTree_p.h"
 #include "tools/loading/XmlVerdict.h"
 
 #include <QString>
@@ -11,7 +11,7 @@
 #include <memory>
 
 namespace Tobrix::Templates {
-class TemplateFile;
+class GuardedFile;
 } // namespace Tobrix::Templates
 
 namespace Tobrix::Tools {
@@ -34,7 +34,7 @@ public:
     const QString &source() const { return m_source; }
     /// The line of an offset into the source, from 1.
     int lineOf(int at) const { return placeOf(at).line; }
-    Place placeOf(int at) const;
+    Templates::Place placeOf(int at) const;
     const XmlVerdict &verdict() const { return m_verdict; }
 
     /// What goes past a limit, in words; empty when nothing does.
@@ -43,10 +43,10 @@ public:
     int faultAt() const { return m_faultAt; }
 
     /// What the parser replaces of a file that is well-formed otherwise.
-    const Undecodable &undecodable() const { return m_undecodable; }
+    const Templates::Undecodable &undecodable() const { return m_undecodable; }
 
     /// The elements, of a file that is well-formed and within the limits.
-    const XmlTree &tree() const;
+    const Templates::XmlTree &tree() const;
     /// What becomes of them.
     const TemplateModel &model() const;
 
@@ -55,9 +55,9 @@ private:
 
     void read();
     void readSound(const QByteArray &bytes);
-    void readDamaged(Templates::TemplateFile &file);
+    void readDamaged(Templates::GuardedFile &file);
     void countItems();
-    const SourcePlaces &places() const;
+    const Templates::SourcePlaces &places() const;
 
     const QString m_fileName;
     const bool m_isCurrent;
@@ -66,9 +66,9 @@ private:
     XmlVerdict m_verdict;
     QString m_excess;
     int m_faultAt = 0;
-    Undecodable m_undecodable;
-    mutable std::unique_ptr<const SourcePlaces> m_places;
-    mutable std::unique_ptr<const XmlTree> m_tree;
+    Templates::Undecodable m_undecodable;
+    mutable std::unique_ptr<const Templates::SourcePlaces> m_places;
+    mutable std::unique_ptr<const Templates::XmlTree> m_tree;
     mutable std::unique_ptr<const TemplateModel> m_model;
 };
 

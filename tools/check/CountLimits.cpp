@@ -1,9 +1,9 @@
 #include "tools/check/CountLimits.h"
 
 #include "tools/check/model/TemplateModel.h"
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
-#include "loading/Limits_p.h"
+#include "rawdata/TemplateLimits_p.h"
 
 #include <QSet>
 
@@ -28,7 +28,7 @@ constexpr LimitedContent limitedContents[] = {
     {QLatin1String("View"), QLatin1String("Column"), Limits::columns, QLatin1String("columns")},
     {QLatin1String("ValueList"), QLatin1String("ValueListItem"), Limits::listItems,
      QLatin1String("list items")},
-    {QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColor"), Limits::legendItems,
+    {QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColor"), Limits::legendClasses,
      QLatin1String("legend classes")},
     {QLatin1String(), QLatin1String("View"), Limits::views, QLatin1String("views")},
 };
@@ -180,7 +180,7 @@ CountExcess excessOfLegacy(const TemplateModel &model)
     }
     return model.bandTooManyAt < 0
                ? CountExcess()
-               : excessAt(Limits::legendItems, QLatin1String("legend classes"), model.bandTooManyAt);
+               : excessAt(Limits::legendClasses, QLatin1String("legend classes"), model.bandTooManyAt);
 }
 
 } // namespace Tobrix::Tools

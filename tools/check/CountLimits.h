@@ -1,11 +1,12 @@
 #pragma once
 
+#include "xml/XmlTree_p.h"
+
 #include <QString>
 
 namespace Tobrix::Tools {
 
 struct TemplateModel;
-class XmlTree;
 
 /// Something of which a template has more than the library takes.
 struct CountExcess
@@ -15,7 +16,7 @@ struct CountExcess
 };
 
 /// Counts what the current format's reader counts: containers in each other share what they hold.
-CountExcess excessOfCurrent(const XmlTree &document);
+CountExcess excessOfCurrent(const Templates::XmlTree &document);
 
 /// Counts what the legacy format's reader counts: what it would keep.
 CountExcess excessOfLegacy(const TemplateModel &model);

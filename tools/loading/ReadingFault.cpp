@@ -4,8 +4,8 @@
 
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacySection_p.h"
-#include "loading/Limits_p.h"
-#include "loading/TemplateFile_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/GuardedFile_p.h"
 #include "model/CTemplateColumn.h"
 #include "rawdata/CTemplateDataConverter.h"
 #include "rawdata/CTemplateRawData.h"
@@ -42,7 +42,7 @@ QString tooMany(qint64 line, int limit, const char *what)
 class LegacyWalk
 {
 public:
-    explicit LegacyWalk(TemplateFile &file) : m_file(file), m_xml(&file) {}
+    explicit LegacyWalk(GuardedFile &file) : m_file(file), m_xml(&file) {}
 
     /// What the reader stops at, in words; empty when it reads the file to its end.
     QString fault();
@@ -60,7 +60,7 @@ private:
     QString faultOfLegends();
     QString faultOfXml() const;
 
-    TemplateFile &m_file;
+    GuardedFile &m_file;
     QXmlStreamReader m_xml;
     QSet<QString> m_views;
     int m_columns = 0;
@@ -166,13 +166,13 @@ QString LegacyWalk::faultOfLegends()
             *bands = 0;
         } else if (token == CTemplateTokenizer::LegendClass) {
             ++*bands;
-            line = m_bandsA + m_bandsB == Limits::legendItems + 1 ? m_xml.lineNumber() : line;
+            line = m_bandsA + m_bandsB == Limits::legendClasses + 1 ? m_xml.lineNumber() : line;
         }
     };
     walkSection(m_xml, CTemplateTokenizer::stringToLegendToken, TextRule::EveryWithinElement, onStart,
                 ignoreStart<Token>);
     // A group that begins anew takes back what it had before.
-    return m_bandsA + m_bandsB > Limits::legendItems ? tooMany(line, Limits::legendItems, "bands")
+    return m_bandsA + m_bandsB > Limits::legendClasses ? tooMany(line, Limits::legendClasses, "bands")
                                                      : QString();
 }
 
@@ -243,7 +243,7 @@ QString excessOf(const QDomDocument &document)
         int limit;
         const char *what;
     } kinds[] = {
-        {defaultColorScopes, "ClassificationColor", Limits::legendItems, "bands"},
+        {defaultColorScopes, "ClassificationColor", Limits::legendClasses, "bands"},
         {wholeDocument, "View", Limits::views, "views"},
         {views, "Column", Limits::columns, "columns"},
         {valueLists, "ValueListItem", Limits::listItems, "list items"},
@@ -275,12 +275,12 @@ QString nameOf(const CTemplateColumn &column)
 
 } // namespace
 
-QString faultOfLegacyFile(TemplateFile &file)
+QString faultOfLegacyFile(GuardedFile &file)
 {
     return LegacyWalk(file).fault();
 }
 
-QString faultOfCurrentFile(TemplateFile &file)
+QString faultOfCurrentFile(GuardedFile &file)
 {
     QDomDocument document;
     const XmlVerdict verdict = judgeByDom(file, document);

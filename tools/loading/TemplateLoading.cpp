@@ -6,7 +6,7 @@
 #include "format_current/NewTemplateXMLReader.h"
 #include "format_legacy/CTemplateXMLReader.h"
 #include "loading/CTemplateReader.h"
-#include "loading/TemplateFile_p.h"
+#include "xml/GuardedFile_p.h"
 #include "loading/TemplateLocation_p.h"
 #include "model/CCatalogTemplate.h"
 #include "model/CTemplateColumn.h"
@@ -28,7 +28,7 @@ std::unique_ptr<AbstractTemplateXmlReader> readerFor(const QString &fileName)
 
 QString readingProblem(const QString &fileName)
 {
-    TemplateFile file;
+    GuardedFile file;
     if (!file.openTemplate(fileName)) {
         return whyNotOpened(fileName);
     }

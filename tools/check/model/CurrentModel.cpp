@@ -1,7 +1,7 @@
 #include "tools/check/model/CurrentModel.h"
 
 #include "tools/check/model/ModelBuilding.h"
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
 #include "format_current/CurrentFormatAttributes_p.h"
 #include "rawdata/CColumnData.h"

@@ -4,6 +4,8 @@
 
 namespace Tobrix::Tools {
 
+using namespace Templates;
+
 using Templates::TextRule;
 
 namespace {

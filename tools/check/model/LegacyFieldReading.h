@@ -12,7 +12,7 @@ namespace Tobrix::Tools {
 struct LegacyReading
 {
     int token = 0;
-    XmlElement element;
+    Templates::XmlElement element;
     int text = -1;           ///< the text node that is read; -1 when none is
     bool isCaptured = false; ///< whether that text stands behind the element, which is empty
     int ignoredText = -1; ///< the first text node of the element that is not read and not blank; -1 for none
@@ -23,7 +23,7 @@ struct LegacyReading
 
 /// Reads a section as the format's reader does: every element that the section knows, in the order of the
 /// file. The section's own element is none of them.
-std::vector<LegacyReading> readSection(const XmlElement &section, const SectionTokens &tokens,
+std::vector<LegacyReading> readSection(const Templates::XmlElement &section, const SectionTokens &tokens,
                                        Templates::TextRule rule);
 
 } // namespace Tobrix::Tools

@@ -6,7 +6,7 @@
 #include "format_legacy/CTemplateTokenizer.h"
 #include "format_legacy/LegacyFields_p.h"
 #include "format_legacy/LegacyVocabulary_p.h"
-#include "loading/Limits_p.h"
+#include "rawdata/TemplateLimits_p.h"
 #include "rawdata/CColumnData.h"
 #include "rawdata/CTemplateDataConverter.h"
 
@@ -498,7 +498,7 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
             break;
         case Tokens::LegendClass:
             legend->push_back(bandOf(reading.element));
-            lastPastLimit = bandCount() == Limits::legendItems + 1 ? reading.element.at() : lastPastLimit;
+            lastPastLimit = bandCount() == Limits::legendClasses + 1 ? reading.element.at() : lastPastLimit;
             captions = SectionValues(section.at());
             break;
         default:
@@ -506,7 +506,7 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
         }
     }
     // A group that begins anew takes back what it had before.
-    if (bandCount() > Limits::legendItems && m_model.bandTooManyAt < 0) {
+    if (bandCount() > Limits::legendClasses && m_model.bandTooManyAt < 0) {
         m_model.bandTooManyAt = lastPastLimit;
     }
 }

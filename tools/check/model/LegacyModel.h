@@ -1,12 +1,12 @@
 #pragma once
 
+#include "xml/XmlTree_p.h"
+
 #include "tools/check/model/TemplateModel.h"
 
 namespace Tobrix::Tools {
 
-class XmlTree;
-
 /// What the legacy format's reader makes of a document.
-TemplateModel legacyModel(const XmlTree &document);
+TemplateModel legacyModel(const Templates::XmlTree &document);
 
 } // namespace Tobrix::Tools

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
 #include "format_legacy/CTemplateTokenizer.h"
 
@@ -11,7 +11,7 @@
 namespace Tobrix::Tools {
 
 /// The token of an element among containers and sections, 0 for one that is neither.
-inline CTemplateTokenizer::TemplateToken templateTokenOf(const XmlElement &element)
+inline CTemplateTokenizer::TemplateToken templateTokenOf(const Templates::XmlElement &element)
 {
     const QString name = element.name();
     return CTemplateTokenizer::stringToTemplateToken(QStringRef(&name));
@@ -23,14 +23,14 @@ class SectionTokens
 {
 public:
     template <typename Token>
-    SectionTokens(const XmlTree &document, Token (*tokenOf)(const QStringRef &))
+    SectionTokens(const Templates::XmlTree &document, Token (*tokenOf)(const QStringRef &))
     {
         for (const auto &name : document.names()) {
             m_tokens.push_back(tokenOf(QStringRef(&name)));
         }
     }
 
-    int of(const XmlElement &element) const
+    int of(const Templates::XmlElement &element) const
     {
         return m_tokens[static_cast<std::size_t>(element.nameNumber())];
     }

@@ -8,6 +8,8 @@
 
 namespace Tobrix::Tools {
 
+using namespace Templates;
+
 namespace {
 
 QJsonObject textJson(const QString &text)

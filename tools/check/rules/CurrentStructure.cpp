@@ -7,6 +7,8 @@
 
 namespace Tobrix::Tools {
 
+using namespace Templates;
+
 namespace {
 
 /// Goes through a document with the placed elements around the current one at hand.

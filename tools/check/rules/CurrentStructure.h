@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
 #include <QStringList>
 
@@ -34,22 +34,22 @@ QStringList partsOf(const QString &container);
 QStringList containersOf(const QString &part);
 
 /// Whether an element is one whose text is read: all of it, whatever elements it stands in.
-bool isTextElement(const XmlElement &element);
+bool isTextElement(const Templates::XmlElement &element);
 
 /// The nearest element of a name around another one; null when there is none.
-XmlElement nearestAround(const XmlElement &element, QLatin1String name);
+Templates::XmlElement nearestAround(const Templates::XmlElement &element, QLatin1String name);
 
 /// The elements of a document of the current format that stand where the host looks for them, or where a rule
 /// of their own says that it does not.
 class PlacedElements
 {
 public:
-    explicit PlacedElements(const XmlTree &document);
+    explicit PlacedElements(const Templates::XmlTree &document);
 
     /// Whether an element is one of them.
-    bool contain(const XmlElement &element) const;
+    bool contain(const Templates::XmlElement &element) const;
     /// Whether there are any below an element.
-    bool areWithin(const XmlElement &element) const;
+    bool areWithin(const Templates::XmlElement &element) const;
 
 private:
     std::vector<int> m_countBefore; // by the indexes of nodes

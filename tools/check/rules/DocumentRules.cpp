@@ -132,7 +132,7 @@ void checkFirstElement(const CheckedFile &file, const std::vector<XmlElement> &e
 
 QString effectOfUnknownEntity(const XmlTree &tree, int at)
 {
-    if (tree.flavour() == XmlFlavour::Dom) {
+    if (tree.dialect() == XmlDialect::Dom) {
         return QStringLiteral("it is left out of the text");
     }
     const auto &nodes = tree.nodes();

@@ -6,6 +6,8 @@
 
 namespace Tobrix::Tools {
 
+using namespace Templates;
+
 namespace {
 
 /// Whether an attribute's name has the digit of a level where it is looked for.

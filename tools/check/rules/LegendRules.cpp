@@ -11,6 +11,8 @@
 
 namespace Tobrix::Tools {
 
+using namespace Templates;
+
 namespace {
 
 template <typename Function>

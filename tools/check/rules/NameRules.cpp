@@ -18,6 +18,8 @@
 
 namespace Tobrix::Tools {
 
+using namespace Templates;
+
 namespace {
 
 /// Whether an element's name looks like that of a container: Columns, Views, Texts.

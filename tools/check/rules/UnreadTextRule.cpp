@@ -14,6 +14,8 @@
 
 namespace Tobrix::Tools {
 
+using namespace Templates;
+
 namespace {
 
 constexpr QLatin1String textItem("TextItem");

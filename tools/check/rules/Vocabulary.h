@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
 #include <QStringList>
 
@@ -12,7 +12,7 @@ namespace Tobrix::Tools {
 const QStringList &currentElementNames();
 
 /// Whether the current format's reader knows an element's name.
-bool isCurrentElement(const XmlElement &element);
+bool isCurrentElement(const Templates::XmlElement &element);
 
 /// The attributes of an element of the current format that are read.
 QStringList currentAttributeNames(const QString &elementName);

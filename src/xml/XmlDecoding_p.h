@@ -4,7 +4,7 @@
 
 class QByteArray;
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 /// The text of an XML file, in the encoding that its first bytes or its declaration name; UTF-8 where they
 /// name none. A byte-order mark is no part of it.
@@ -26,4 +26,4 @@ struct Undecodable
 
 Undecodable undecodableOf(const QByteArray &bytes);
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

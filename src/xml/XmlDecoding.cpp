@@ -1,4 +1,4 @@
-#include "tools/check/xml/XmlDecoding.h"
+#include "xml/XmlDecoding_p.h"
 
 #include <QRegularExpression>
 #include <QString>
@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 namespace {
 
@@ -98,4 +98,4 @@ Undecodable undecodableOf(const QByteArray &bytes)
     return {encoding, text.indexOf(replacement), text.count(replacement)};
 }
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

@@ -1,7 +1,7 @@
-#include "loading/DocumentTypeGuard_p.h"
+#include "xml/DocumentTypeGuard_p.h"
 
-#include "loading/Limits_p.h"
-#include "loading/XmlGuard_p.h"
+#include "xml/XmlLimits_p.h"
+#include "xml/XmlGuard_p.h"
 
 #include <QRegularExpression>
 

@@ -1,8 +1,8 @@
 // What a parser gets to see of a file, and where in it something is too much.
 
-#include "loading/TemplateFile_p.h"
+#include "xml/GuardedFile_p.h"
 
-#include "loading/Limits_p.h"
+#include "xml/XmlLimits_p.h"
 #include "support/MemoryFile.h"
 
 #include <QTest>
@@ -17,7 +17,7 @@ constexpr auto behindTexts = SpareWhiteSpace::BehindTexts;
 // What a file is read in at a time when a parser asks for less.
 constexpr int chunkSize = 16 * 1024;
 
-QByteArray readAsAParserDoes(TemplateFile &file)
+QByteArray readAsAParserDoes(GuardedFile &file)
 {
     constexpr int pieceSize = 1024;
     QByteArray all;
@@ -31,7 +31,7 @@ QByteArray readAsAParserDoes(TemplateFile &file)
 
 QByteArray handedToAParser(const QString &path, SpareWhiteSpace leftOut)
 {
-    TemplateFile file(leftOut);
+    GuardedFile file(leftOut);
     return file.openTemplate(path) ? readAsAParserDoes(file) : QByteArray("cannot be opened");
 }
 
@@ -44,7 +44,7 @@ QByteArray tooDeepBehind(const QByteArray &beginning)
 
 } // namespace
 
-class TemplateFileTest : public QObject
+class GuardedFileTest : public QObject
 {
     Q_OBJECT
 
@@ -64,7 +64,7 @@ private:
     MemoryFile m_file;
 };
 
-void TemplateFileTest::whiteSpaceIsLeftOut_data()
+void GuardedFileTest::whiteSpaceIsLeftOut_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QByteArray>("withoutAllBetween");
@@ -108,7 +108,7 @@ void TemplateFileTest::whiteSpaceIsLeftOut_data()
         "<!DOCTYPE r [<!ENTITY e ''>]>\n<r><a>x&e;</a>\n</r>");
 }
 
-void TemplateFileTest::whiteSpaceIsLeftOut()
+void GuardedFileTest::whiteSpaceIsLeftOut()
 {
     QFETCH(QByteArray, content);
     m_file.write(content);
@@ -117,7 +117,7 @@ void TemplateFileTest::whiteSpaceIsLeftOut()
     QTEST(handedToAParser(m_file.path(), behindTexts), "withoutThatBehindTexts");
 }
 
-void TemplateFileTest::everyWholeRunWithinAChunkIsLeftOut()
+void GuardedFileTest::everyWholeRunWithinAChunkIsLeftOut()
 {
     constexpr int count = 10'000;
     const QByteArray element = "<a>x</a>\n    ";
@@ -131,7 +131,7 @@ void TemplateFileTest::everyWholeRunWithinAChunkIsLeftOut()
              "<r>" + QByteArray("<a>x</a>").repeated(count) + "</r>");
 }
 
-void TemplateFileTest::otherEncodingsAreHandedOverAsTheyAre()
+void GuardedFileTest::otherEncodingsAreHandedOverAsTheyAre()
 {
     const QString text = QStringLiteral("\uFEFF<r><a>x</a>\n <b>y</b>\n </r>");
     const QByteArray bytes(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
@@ -140,7 +140,7 @@ void TemplateFileTest::otherEncodingsAreHandedOverAsTheyAre()
     QCOMPARE(handedToAParser(m_file.path(), behindTexts), bytes);
 }
 
-void TemplateFileTest::declarationMustSayPlainlyWhatTheEncodingIs_data()
+void GuardedFileTest::declarationMustSayPlainlyWhatTheEncodingIs_data()
 {
     QTest::addColumn<QByteArray>("declaration");
     QTest::addColumn<bool>("isPlain");
@@ -171,18 +171,18 @@ void TemplateFileTest::declarationMustSayPlainlyWhatTheEncodingIs_data()
     row("<?xmlencoding='UTF-8'?>", false);
 }
 
-void TemplateFileTest::declarationMustSayPlainlyWhatTheEncodingIs()
+void GuardedFileTest::declarationMustSayPlainlyWhatTheEncodingIs()
 {
     QFETCH(QByteArray, declaration);
     m_file.write(declaration + "<r/>");
-    TemplateFile file;
+    GuardedFile file;
     QVERIFY(file.openTemplate(m_file.path()));
     readAsAParserDoes(file);
     QFETCH(bool, isPlain);
     QCOMPARE(file.excess(), isPlain ? QString() : QStringLiteral("an XML declaration of unusual form"));
 }
 
-void TemplateFileTest::placeOfWhatIsTooMuch_data()
+void GuardedFileTest::placeOfWhatIsTooMuch_data()
 {
     QTest::addColumn<QByteArray>("beginning");
     QTest::addColumn<QByteArray>("mark");
@@ -215,12 +215,12 @@ void TemplateFileTest::placeOfWhatIsTooMuch_data()
     }
 }
 
-void TemplateFileTest::placeOfWhatIsTooMuch()
+void GuardedFileTest::placeOfWhatIsTooMuch()
 {
     QFETCH(QByteArray, beginning);
     QFETCH(QByteArray, mark);
     m_file.write(mark + tooDeepBehind(beginning));
-    TemplateFile file;
+    GuardedFile file;
     QVERIFY(file.openTemplate(m_file.path()));
     readAsAParserDoes(file);
     QCOMPARE(file.excess(), QStringLiteral("more than %1 elements in each other").arg(Limits::depth));
@@ -228,11 +228,11 @@ void TemplateFileTest::placeOfWhatIsTooMuch()
     QTEST(file.excessColumn(), "column");
 }
 
-void TemplateFileTest::fileIsGoneOverWholeFromTheBeginning()
+void GuardedFileTest::fileIsGoneOverWholeFromTheBeginning()
 {
     const QByteArray content = "<a>\n  " + tooDeepBehind("x");
     m_file.write(content);
-    TemplateFile file(allBetween);
+    GuardedFile file(allBetween);
     QVERIFY(file.openTemplate(m_file.path()));
     const QByteArray leftOut = readAsAParserDoes(file);
     QVERIFY(!file.excess().isEmpty());
@@ -247,10 +247,10 @@ void TemplateFileTest::fileIsGoneOverWholeFromTheBeginning()
     QCOMPARE(readAsAParserDoes(file), leftOut);
 }
 
-void TemplateFileTest::fileThatCannotBeOpenedLeavesNothingOfTheOneBefore()
+void GuardedFileTest::fileThatCannotBeOpenedLeavesNothingOfTheOneBefore()
 {
     m_file.write(tooDeepBehind("\n"));
-    TemplateFile file;
+    GuardedFile file;
     QVERIFY(file.openTemplate(m_file.path()));
     readAsAParserDoes(file);
     QVERIFY(!file.excess().isEmpty());
@@ -259,6 +259,6 @@ void TemplateFileTest::fileThatCannotBeOpenedLeavesNothingOfTheOneBefore()
     QCOMPARE(file.excessLine(), 1);
 }
 
-QTEST_APPLESS_MAIN(TemplateFileTest)
+QTEST_APPLESS_MAIN(GuardedFileTest)
 
-#include "TemplateFileTest.moc"
+#include "GuardedFileTest.moc"

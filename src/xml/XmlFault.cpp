@@ -1,12 +1,12 @@
-#include "tools/check/xml/XmlFault.h"
+#include "xml/XmlFault_p.h"
 
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 namespace {
 
@@ -22,7 +22,7 @@ class FaultSearch
 {
 public:
     FaultSearch(const XmlTree &document, int noticedAt)
-        : m_document(document), m_isStream(document.flavour() == XmlFlavour::Stream), m_at(noticedAt)
+        : m_document(document), m_isStream(document.dialect() == XmlDialect::Stream), m_at(noticedAt)
     {
     }
 
@@ -109,7 +109,7 @@ int placeOfFault(const XmlTree &document, int noticedAt)
 {
     const QString &source = document.source();
     const int found = FaultSearch(document, noticedAt).place();
-    if (found < noticedAt || noticedAt == source.size() || document.flavour() == XmlFlavour::Dom) {
+    if (found < noticedAt || noticedAt == source.size() || document.dialect() == XmlDialect::Dom) {
         return found;
     }
     // The stream has taken the character that it does not accept; at the end of a tag it is the whole tag.
@@ -118,4 +118,4 @@ int placeOfFault(const XmlTree &document, int noticedAt)
     return isEndOfTag ? std::max(0, source.lastIndexOf(QLatin1Char('<'), taken)) : taken;
 }
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

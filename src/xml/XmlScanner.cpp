@@ -1,10 +1,10 @@
-#include "tools/check/xml/XmlScanner.h"
+#include "xml/XmlScanner_p.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 namespace {
 
@@ -74,7 +74,7 @@ void XmlScanner::scan()
 void XmlScanner::scanText(int end)
 {
     if (!m_open.empty()) {
-        if (m_tree.m_flavour == XmlFlavour::Stream && m_tree.m_hasExternalSubset) {
+        if (m_tree.m_dialect == XmlDialect::Stream && m_tree.m_hasExternalSubset) {
             splitText(end);
         }
         pushText(XmlNode::Text, end);
@@ -174,7 +174,7 @@ void XmlScanner::scanStartTag()
     breakIf(m_at < m_size && !beginsName(here()), element.at);
     element.contentAt = m_at;
     QStringView name = takeName();
-    if (m_tree.m_flavour == XmlFlavour::Stream) {
+    if (m_tree.m_dialect == XmlDialect::Stream) {
         const QStringView local = withoutPrefix(name);
         element.contentAt += static_cast<int>(name.size() - local.size());
         name = local;
@@ -227,7 +227,7 @@ void XmlScanner::scanEndTag()
     const int at = m_at;
     m_at += 2;
     QStringView name = takeName();
-    if (m_tree.m_flavour == XmlFlavour::Stream) {
+    if (m_tree.m_dialect == XmlDialect::Stream) {
         name = withoutPrefix(name);
     }
     const int end = m_source.indexOf(QLatin1Char('>'), m_at);
@@ -307,7 +307,7 @@ void XmlScanner::readEntities(QStringView documentType, int at)
 
 bool XmlScanner::hasDividedEntity() const
 {
-    if (m_tree.m_flavour != XmlFlavour::Stream || !m_tree.m_hasExternalSubset) {
+    if (m_tree.m_dialect != XmlDialect::Stream || !m_tree.m_hasExternalSubset) {
         return false;
     }
     static const QRegularExpression reference(QStringLiteral("&([^;]*);"));
@@ -364,4 +364,4 @@ void XmlScanner::breakIf(bool isBroken, int at)
     }
 }
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

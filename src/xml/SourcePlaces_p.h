@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 /// A place in a file as people count it: from 1, in characters.
 struct Place
@@ -34,4 +34,4 @@ private:
         m_charactersBeforeBlocks; // of a fixed size, so that a long line need not be counted anew
 };
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

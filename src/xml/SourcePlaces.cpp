@@ -1,8 +1,8 @@
-#include "tools/check/xml/SourcePlaces.h"
+#include "xml/SourcePlaces_p.h"
 
 #include <algorithm>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 namespace {
 
@@ -65,4 +65,4 @@ int SourcePlaces::offsetOf(int line, int column) const
     return std::clamp(lineStart + column - 1, lineStart, std::max(lineStart, m_source.size()));
 }
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

@@ -1,6 +1,6 @@
-#include "loading/TemplateFile_p.h"
+#include "xml/GuardedFile_p.h"
 
-#include "loading/Limits_p.h"
+#include "xml/XmlLimits_p.h"
 
 #include <QFileInfo>
 #include <QTextCodec>
@@ -148,13 +148,13 @@ DeclaredEncoding declaredEncoding(const QString &declaration)
 
 } // namespace
 
-TemplateFile::TemplateFile(SpareWhiteSpace leftOut) : m_leftOut(leftOut)
+GuardedFile::GuardedFile(SpareWhiteSpace leftOut) : m_leftOut(leftOut)
 {
 }
 
-TemplateFile::~TemplateFile() = default;
+GuardedFile::~GuardedFile() = default;
 
-bool TemplateFile::openTemplate(const QString &path)
+bool GuardedFile::openTemplate(const QString &path)
 {
     close();
     start(m_leftOut);
@@ -168,7 +168,7 @@ bool TemplateFile::openTemplate(const QString &path)
     return isOpen;
 }
 
-bool TemplateFile::openRegular(const QString &path)
+bool GuardedFile::openRegular(const QString &path)
 {
     // The system would take what stands before a null character for the whole path.
     if (path.contains(QChar(QChar::Null))) {
@@ -185,14 +185,14 @@ bool TemplateFile::openRegular(const QString &path)
     return true;
 }
 
-void TemplateFile::restartWhole()
+void GuardedFile::restartWhole()
 {
     seek(0);
     start(SpareWhiteSpace::None);
     requireSize(size());
 }
 
-QByteArray TemplateFile::unguarded()
+QByteArray GuardedFile::unguarded()
 {
     seek(0);
     // The file may have grown since.
@@ -210,7 +210,7 @@ QByteArray TemplateFile::unguarded()
     return bytes;
 }
 
-void TemplateFile::start(SpareWhiteSpace leftOut)
+void GuardedFile::start(SpareWhiteSpace leftOut)
 {
     m_isWhole = leftOut == SpareWhiteSpace::None;
     m_guard = XmlGuard();
@@ -223,7 +223,7 @@ void TemplateFile::start(SpareWhiteSpace leftOut)
     m_givenPlace = TextPlace();
 }
 
-bool TemplateFile::isFaultBeforeExcess(int line, int column) const
+bool GuardedFile::isFaultBeforeExcess(int line, int column) const
 {
     // A parser that has come to the end of what it was given stops there, or next to it.
     constexpr int nextToIt = 2;
@@ -231,7 +231,7 @@ bool TemplateFile::isFaultBeforeExcess(int line, int column) const
                         (line == m_givenPlace.line() && column + nextToIt < m_givenPlace.column()));
 }
 
-qint64 TemplateFile::readData(char *data, qint64 maxSize)
+qint64 GuardedFile::readData(char *data, qint64 maxSize)
 {
     if (!m_heldBack.isEmpty()) {
         return takeHeldBack(data, maxSize);
@@ -250,7 +250,7 @@ qint64 TemplateFile::readData(char *data, qint64 maxSize)
     return takeHeldBack(data, maxSize);
 }
 
-void TemplateFile::holdBackDocumentType(const QByteArray &beginning)
+void GuardedFile::holdBackDocumentType(const QByteArray &beginning)
 {
     // A parser must not see the beginning of a document type that turns out to be too much at its end.
     m_heldBack = beginning;
@@ -271,7 +271,7 @@ void TemplateFile::holdBackDocumentType(const QByteArray &beginning)
     }
 }
 
-qint64 TemplateFile::takeHeldBack(char *data, qint64 maxSize)
+qint64 GuardedFile::takeHeldBack(char *data, qint64 maxSize)
 {
     const int size = static_cast<int>(std::min<qint64>(maxSize, m_heldBack.size()));
     std::memcpy(data, m_heldBack.constData(), static_cast<std::size_t>(size));
@@ -279,7 +279,7 @@ qint64 TemplateFile::takeHeldBack(char *data, qint64 maxSize)
     return size;
 }
 
-qint64 TemplateFile::follow(char *data, qint64 size)
+qint64 GuardedFile::follow(char *data, qint64 size)
 {
     if (m_size == 0) {
         chooseDecoder(QByteArray(data, static_cast<int>(std::min<qint64>(size, xmlDeclarationSize))));
@@ -295,7 +295,7 @@ qint64 TemplateFile::follow(char *data, qint64 size)
     return !m_excess.isEmpty() && m_guard.hasDocumentType() ? 0 : allowed;
 }
 
-qint64 TemplateFile::followEncoded(const QByteArray &chunk)
+qint64 GuardedFile::followEncoded(const QByteArray &chunk)
 {
     const QByteArray utf8 = m_decoder->toUnicode(chunk).toUtf8();
     const qint64 followed = m_guard.follow(utf8.constData(), utf8.size());
@@ -305,7 +305,7 @@ qint64 TemplateFile::followEncoded(const QByteArray &chunk)
     return m_excess.isEmpty() ? chunk.size() : 0;
 }
 
-qint64 TemplateFile::followPlain(char *data, qint64 size)
+qint64 GuardedFile::followPlain(char *data, qint64 size)
 {
     const qint64 followed = leaveOutWhiteSpace(data, m_guard.follow(data, size));
     m_excess = m_guard.excess();
@@ -315,7 +315,7 @@ qint64 TemplateFile::followPlain(char *data, qint64 size)
     return followed;
 }
 
-qint64 TemplateFile::leaveOutWhiteSpace(char *data, qint64 size) const
+qint64 GuardedFile::leaveOutWhiteSpace(char *data, qint64 size) const
 {
     char *target = data;
     const char *source = data;
@@ -332,21 +332,21 @@ qint64 TemplateFile::leaveOutWhiteSpace(char *data, qint64 size) const
     return target - data;
 }
 
-void TemplateFile::countGiven(qint64 size)
+void GuardedFile::countGiven(qint64 size)
 {
     if (size > 0) {
         m_givenPlace = m_place;
     }
 }
 
-void TemplateFile::requireSize(qint64 size)
+void GuardedFile::requireSize(qint64 size)
 {
     if (size > Limits::fileSize && m_excess.isEmpty()) {
         m_excess = QStringLiteral("a file of more than %1 bytes").arg(Limits::fileSize);
     }
 }
 
-void TemplateFile::chooseDecoder(const QByteArray &beginning)
+void GuardedFile::chooseDecoder(const QByteArray &beginning)
 {
     const QByteArray wide = wideEncoding(beginning);
     const QTextCodec *const first = QTextCodec::codecForName(wide.isEmpty() ? QByteArray("UTF-8") : wide);

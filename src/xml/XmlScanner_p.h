@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 /// Fills a tree from its source. Takes what a parser has accepted, and comes to an end on everything else.
 class XmlScanner
@@ -54,4 +54,4 @@ private:
     std::vector<int> m_open;
 };
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

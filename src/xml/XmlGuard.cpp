@@ -1,6 +1,6 @@
-#include "loading/XmlGuard_p.h"
+#include "xml/XmlGuard_p.h"
 
-#include "loading/Limits_p.h"
+#include "xml/XmlLimits_p.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,12 +1,12 @@
-#include "tools/check/xml/XmlTree.h"
+#include "xml/XmlTree_p.h"
 
-#include "tools/check/xml/XmlScanner.h"
+#include "xml/XmlScanner_p.h"
 
-#include "loading/Limits_p.h"
+#include "xml/XmlLimits_p.h"
 
 #include <algorithm>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 namespace {
 
@@ -66,11 +66,11 @@ QString withPlainBreaks(QStringView source, bool isAttribute)
 
 } // namespace
 
-XmlTree::XmlTree(const QString &source, XmlFlavour flavour)
+XmlTree::XmlTree(const QString &source, XmlDialect dialect)
     : m_source(source)
     , m_hasReferences(source.contains(QLatin1Char('&')))
     , m_hasReturns(source.contains(QLatin1Char('\r')))
-    , m_flavour(flavour)
+    , m_dialect(dialect)
 {
     XmlScanner(*this).scan();
 }
@@ -129,7 +129,7 @@ QString XmlTree::textOf(int index) const
     if (text.kind != XmlNode::CData) {
         return expanded(raw, false);
     }
-    return m_flavour == XmlFlavour::Stream ? withPlainBreaks(raw, false) : raw.toString();
+    return m_dialect == XmlDialect::Stream ? withPlainBreaks(raw, false) : raw.toString();
 }
 
 QString XmlTree::valueOf(const XmlAttribute &attribute) const
@@ -164,7 +164,7 @@ QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
 {
     // What a reference stands for keeps its line breaks: only those of the source are made plain.
     const auto plain = [&](QStringView piece) {
-        return m_flavour == XmlFlavour::Stream && (m_hasReturns || isAttribute)
+        return m_dialect == XmlDialect::Stream && (m_hasReturns || isAttribute)
                    ? withPlainBreaks(piece, isAttribute)
                    : piece.toString();
     };
@@ -185,7 +185,7 @@ QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
         const QStringView name = raw.mid(begin + 1, end - begin - 1);
         from = end + 1;
         // Of an attribute the stream leaves such a reference as it stands.
-        const bool isKept = isAttribute && m_flavour == XmlFlavour::Stream && isUnknownEntity(name);
+        const bool isKept = isAttribute && m_dialect == XmlDialect::Stream && isUnknownEntity(name);
         text += isKept ? raw.mid(begin, from - begin).toString() : entityText(name, nesting);
     }
 }
@@ -199,7 +199,7 @@ QString XmlTree::entityText(QStringView name, int nesting) const
         return QString(QLatin1Char(entity->character));
     }
     const auto found = m_entities.constFind(name.toString());
-    if (found == m_entities.cend() || nesting >= Templates::Limits::entityNesting) {
+    if (found == m_entities.cend() || nesting >= Limits::entityNesting) {
         return QString();
     }
     return expanded(QStringView(*found), false, nesting + 1);
@@ -342,4 +342,4 @@ bool XmlElement::contains(const XmlElement &other) const
     return !isNull() && !other.isNull() && other.m_index > m_index && other.m_index < node().end;
 }
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

@@ -7,12 +7,12 @@
 
 #include <vector>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 class XmlElement;
 
 /// What the two parsers that templates are read with make of one and the same text.
-enum class XmlFlavour {
+enum class XmlDialect {
     Dom,   ///< names with their prefixes, line breaks as they stand, no text of white space alone
     Stream ///< names without their prefixes, line breaks as one character, blanks for breaks in attributes
 };
@@ -63,7 +63,7 @@ struct XmlUnfinished
 class XmlTree
 {
 public:
-    XmlTree(const QString &source, XmlFlavour flavour);
+    XmlTree(const QString &source, XmlDialect dialect);
 
     const QString &source() const { return m_source; }
     const std::vector<XmlNode> &nodes() const { return m_nodes; }
@@ -105,7 +105,7 @@ public:
     /// but takes what refers to them.
     bool hasExternalSubset() const { return m_hasExternalSubset; }
 
-    XmlFlavour flavour() const { return m_flavour; }
+    XmlDialect dialect() const { return m_dialect; }
 
     /// Where elements and texts may come from that do not stand in the source: a document type that declares
     /// more than plain texts. -1 when there is no such thing.
@@ -136,7 +136,7 @@ private:
     // Hardly a template has either, so that its texts need not be searched for them one by one.
     bool m_hasReferences;
     bool m_hasReturns;
-    XmlFlavour m_flavour;
+    XmlDialect m_dialect;
     std::vector<XmlNode> m_nodes;
     std::vector<XmlAttribute> m_attributes;
     QHash<QStringView, int> m_numbers;
@@ -200,4 +200,4 @@ private:
     int m_index = -1;
 };
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "loading/TextPlace_p.h"
-#include "loading/XmlGuard_p.h"
+#include "xml/TextPlace_p.h"
+#include "xml/XmlGuard_p.h"
 
 #include <QFile>
 
@@ -14,12 +14,12 @@ namespace Tobrix::Templates {
 /// A template file on its way into an XML parser. Only regular files and Qt resources are opened: whatever
 /// else a path names (a folder, a pipe, a device) could block the host's thread for ever. What is read from
 /// it is within the limits of templates: where something is too much, the file is at its end.
-class TemplateFile : public QFile
+class GuardedFile : public QFile
 {
 public:
     /// @param leftOut is not handed to the parser, which is faster without it
-    explicit TemplateFile(SpareWhiteSpace leftOut = SpareWhiteSpace::None);
-    ~TemplateFile() override;
+    explicit GuardedFile(SpareWhiteSpace leftOut = SpareWhiteSpace::None);
+    ~GuardedFile() override;
 
     /// Closes the file that was open and opens another one for reading.
     /// @return false when there is nothing to read under that path

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "loading/DocumentTypeGuard_p.h"
+#include "xml/DocumentTypeGuard_p.h"
 
 #include <QByteArray>
 #include <QString>

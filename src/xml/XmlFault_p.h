@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 class XmlTree;
 
@@ -8,4 +8,4 @@ class XmlTree;
 /// fault, which lies behind it: behind a tag for an attribute of it, for example.
 int placeOfFault(const XmlTree &document, int noticedAt);
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

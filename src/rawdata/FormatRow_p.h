@@ -1,0 +1,30 @@
+#pragma once
+
+#include "rawdata/ValueKind_p.h"
+
+#include <QLatin1String>
+
+namespace Tobrix::Templates {
+
+/// The words that a value may be, where it may not be anything.
+struct FormatWords
+{
+    const QLatin1String *first = nullptr;
+    int count = 0;
+
+    const QLatin1String *begin() const { return first; }
+    const QLatin1String *end() const { return first + count; }
+    bool isEmpty() const { return count == 0; }
+};
+
+/// A value that a format's reader takes from documents: one row of the format's table.
+struct FormatRow
+{
+    QLatin1String element;   ///< Name of the element that has the value
+    QLatin1String attribute; ///< and of the attribute; empty when the value is the element's text or presence.
+    ValueKind kind = ValueKind::Text;
+    QLatin1String meaning; ///< What the value means, as a phrase for people.
+    FormatWords words;     ///< All words that mean something; empty when any text does.
+};
+
+} // namespace Tobrix::Templates
