@@ -3,8 +3,8 @@
 
 #include "fuzzing/FuzzInput.h"
 
-#include "xml/XmlLimits_p.h"
 #include "xml/GuardedFile_p.h"
+#include "xml/XmlLimits_p.h"
 
 #include <QDomDocument>
 #include <QXmlStreamReader>

@@ -2,8 +2,6 @@
 
 #include "format_current/CurrentFormatTables_p.h"
 #include "loading/CTemplateBuilder.h"
-#include "rawdata/TemplateLimits_p.h"
-#include "xml/GuardedFile_p.h"
 #include "model/CListItem.h"
 #include "model/CProgramView.h"
 #include "model/CTemplateColumn.h"
@@ -12,6 +10,8 @@
 #include "rawdata/CTemplateDataConverter.h"
 #include "rawdata/CTemplateRawData.h"
 #include "rawdata/SaturatedInt_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/GuardedFile_p.h"
 
 #include <QSet>
 
