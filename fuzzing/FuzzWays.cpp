@@ -15,6 +15,7 @@
 #include "rawdata/CTemplateRawData.h"
 #include "rawdata/ReadingResult_p.h"
 #include "xml/XmlDocument_p.h"
+#include "xml/XmlStrictParser_p.h"
 
 #include "standalone_host/StandaloneHost.h"
 
@@ -25,8 +26,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 using namespace Tobrix;
 using namespace Tobrix::Templates;
@@ -104,18 +107,39 @@ std::string_view lineAt(const std::string &lines, std::size_t begin)
     std::abort();
 }
 
-void compareWays(const QByteArray &bytes, Format &format)
+/// Documents that the strict parser has read, some of the latest: what begins as one of them most often stays
+/// one when it is changed.
+std::vector<std::string> readDocuments;
+
+void keep(std::string_view input)
+{
+    constexpr std::size_t most = 1024;
+    constexpr std::size_t longest = 1024;
+    static std::minstd_rand random;
+    if (input.size() > longest) {
+        return;
+    }
+    if (readDocuments.size() < most) {
+        readDocuments.emplace_back(input);
+    } else {
+        readDocuments[random() % most] = input;
+    }
+}
+
+/// @return whether the strict parser reads the document
+bool compareWays(const QByteArray &bytes, Format &format)
 {
     const XmlDocument document = XmlDocument::parse(bytes, format.dialect);
     ++format.refused[static_cast<std::size_t>(document.refusal())];
     if (document.refusal() != XmlRefusal::None) {
-        return;
+        return false;
     }
     const std::string strict = readingOf(document, format);
     const std::string qt = readingOf(XmlDocument::parse(bytes, format.dialect, XmlWay::Qt), format);
     if (strict != qt) {
         reportDifference(format, strict, qt);
     }
+    return true;
 }
 
 void printCounts()
@@ -133,12 +157,23 @@ void printCounts()
     }
 }
 
-const Format *formatOf(const std::uint8_t *bytes, std::size_t size)
+const Format *formatOf(std::string_view input)
 {
     const auto *format = std::find_if(std::begin(formats), std::end(formats), [&](const Format &candidate) {
-        return size > 0 && candidate.mark == static_cast<char>(*bytes);
+        return !input.empty() && candidate.mark == input.front();
     });
     return format == std::end(formats) ? nullptr : format;
+}
+
+QByteArray bytesOf(std::string_view document)
+{
+    return QByteArray::fromRawData(document.data(), static_cast<int>(document.size()));
+}
+
+bool isStrict(std::string_view document, const Format &format)
+{
+    XmlDocument parsed(format.dialect);
+    return XmlStrictParser(parsed).parse(bytesOf(document)) == XmlRefusal::None;
 }
 
 } // namespace
@@ -156,13 +191,12 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
 {
-    const Format *chosen = formatOf(bytes, size);
-    const std::size_t mark = chosen ? 1 : 0;
-    const auto document =
-        QByteArray::fromRawData(reinterpret_cast<const char *>(bytes + mark), static_cast<int>(size - mark));
+    const std::string_view input(reinterpret_cast<const char *>(bytes), size);
+    const Format *chosen = formatOf(input);
+    const QByteArray document = bytesOf(input.substr(chosen ? 1 : 0));
     for (auto &format : formats) {
-        if (!chosen || chosen == &format) {
-            compareWays(document, format);
+        if ((!chosen || chosen == &format) && compareWays(document, format)) {
+            keep(input);
         }
     }
     return 0;
@@ -172,14 +206,28 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *bytes, std::size_t 
                                                unsigned seed)
 {
     static Fuzzing::XmlMutator mutator(TOBRIX_FUZZ_DICTIONARY);
-    constexpr unsigned bytewise = 8;
-    if (seed % bytewise == 0) {
+    std::minstd_rand random(seed);
+    constexpr int bytewise = 16;
+    if (random() % bytewise == 0) {
         return LLVMFuzzerMutate(bytes, size, maximumSize);
     }
-    const Format *format = formatOf(bytes, size);
-    const std::size_t mark = format ? 1 : 0;
-    std::string mutated = mutator.mutate({reinterpret_cast<const char *>(bytes) + mark, size - mark}, seed);
-    mutated.insert(0, 1, format ? format->mark : formats[seed / bytewise % std::size(formats)].mark);
+    std::string_view base(reinterpret_cast<const char *>(bytes), size);
+    const Format *format = formatOf(base);
+    const bool isRead =
+        format ? isStrict(base.substr(1), *format) : isStrict(base, formats[0]) || isStrict(base, formats[1]);
+    if (!readDocuments.empty() && (!isRead || random() % 2 == 0)) {
+        base = readDocuments[random() % readDocuments.size()];
+        format = formatOf(base);
+    }
+    base.remove_prefix(format ? 1 : 0);
+    format = format ? format : &formats[random() % std::size(formats)];
+    // What the strict parser refuses is of interest now and then.
+    int attempts = random() % 8 == 0 ? 1 : 6;
+    std::string mutated;
+    do {
+        mutated = mutator.mutate(base, static_cast<std::uint32_t>(random()));
+    } while (--attempts > 0 && !isStrict(mutated, *format));
+    mutated.insert(0, 1, format->mark);
     if (mutated.size() > maximumSize) {
         return LLVMFuzzerMutate(bytes, size, maximumSize);
     }

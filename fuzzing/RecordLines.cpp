@@ -199,13 +199,66 @@ void appendAttributes(std::string &lines, const XmlDocument &document, int eleme
     }
 }
 
-/// Whether a node is whitespace after an end tag, which documents of the Stream dialect may leave out.
-bool isSpare(const XmlDocument &document, int node)
+/// Appends a document's lines in document order.
+class DocumentLines
 {
-    const bool isAfterStart = node > 0 && document.isElement(node - 1) && document.end(node - 1) > node;
-    return document.dialect() == XmlDialect::Stream && document.node(node).kind == XmlDocument::Node::Text &&
-           !isAfterStart && document.text(node).trimmed().isEmpty();
-}
+public:
+    DocumentLines(std::string &lines, const XmlDocument &document) : m_lines(lines), m_document(document) {}
+
+    void append()
+    {
+        for (int node = 0; node < m_document.size(); ++node) {
+            endElementsBefore(node);
+            if (m_document.isElement(node)) {
+                appendElement(node);
+            } else if (m_document.isText(node)) {
+                appendText(node);
+            } else {
+                Fuzzing::append(m_lines, "separator", m_document.node(node).kind);
+            }
+        }
+        endElementsBefore(m_document.size());
+    }
+
+private:
+    void endElementsBefore(int node)
+    {
+        for (; !m_ends.empty() && m_ends.back() <= node; m_ends.pop_back()) {
+            m_lines += "end\n";
+            m_hasEnd = true;
+        }
+    }
+
+    void appendElement(int element)
+    {
+        Fuzzing::append(m_lines, "element", m_document.nameOf(element));
+        Fuzzing::append(m_lines, "isClosed", m_document.isClosed(element));
+        appendAttributes(m_lines, m_document, element);
+        m_ends.push_back(m_document.end(element));
+        m_hasText = false;
+        m_hasEnd = false;
+    }
+
+    void appendText(int text)
+    {
+        const QString content = m_document.text(text);
+        // White space that no reader can see may be missing.
+        const bool isSpare = m_document.dialect() == XmlDialect::Stream && m_hasText && m_hasEnd &&
+                             m_document.node(text).kind == XmlDocument::Node::Text &&
+                             content.trimmed().isEmpty();
+        if (!isSpare) {
+            Fuzzing::append(m_lines, "text", content);
+        }
+        m_hasText = true;
+    }
+
+    std::string &m_lines;
+    const XmlDocument &m_document;
+    std::vector<int> m_ends;
+    // Since the last start of an element.
+    bool m_hasText = false;
+    bool m_hasEnd = false;
+};
 
 } // namespace
 
@@ -279,22 +332,7 @@ void appendLines(std::string &lines, CCatalogTemplate &catalogTemplate)
 
 void appendLines(std::string &lines, const XmlDocument &document)
 {
-    std::vector<int> ends;
-    for (int node = 0; node < document.size(); ++node) {
-        for (; !ends.empty() && ends.back() <= node; ends.pop_back()) {
-            lines += "end\n";
-        }
-        if (document.isElement(node)) {
-            append(lines, "element", document.nameOf(node));
-            append(lines, "isClosed", document.isClosed(node));
-            appendAttributes(lines, document, node);
-            ends.push_back(document.end(node));
-        } else if (!document.isText(node)) {
-            append(lines, "separator", document.node(node).kind);
-        } else if (!isSpare(document, node)) {
-            append(lines, "text", document.text(node));
-        }
-    }
+    DocumentLines(lines, document).append();
 }
 
 } // namespace Tobrix::Fuzzing
