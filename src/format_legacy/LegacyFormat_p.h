@@ -225,6 +225,17 @@ constexpr bool beginsLegend(Tokens::LegendToken token)
     return token == Tokens::Section || token == Tokens::Lateral;
 }
 
+/// The row of the attribute that is stored in a field of a legend class.
+template <typename Value>
+constexpr const FormatRow &legendAttribute(Value CTemplateLegendDataItem::*field)
+{
+    const LegendAttribute *found = std::begin(legendAttributes);
+    while (found->target != decltype(found->target)(field)) {
+        ++found;
+    }
+    return found->row;
+}
+
 /// The rows of a section's elements, whatever the types of their targets are; each at its token less 1.
 struct LegacyRows
 {
