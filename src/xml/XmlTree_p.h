@@ -1,5 +1,7 @@
 #pragma once
 
+#include "xml/XmlDialect_p.h"
+
 #include <QHash>
 #include <QLatin1String>
 #include <QString>
@@ -10,12 +12,6 @@
 namespace Tobrix::Templates {
 
 class XmlElement;
-
-/// What the two parsers that templates are read with make of one and the same text.
-enum class XmlDialect {
-    Dom,   ///< names with their prefixes, line breaks as they stand, no text of white space alone
-    Stream ///< names without their prefixes, line breaks as one character, blanks for breaks in attributes
-};
 
 /// An attribute, as places in its document's source.
 struct XmlAttribute
