@@ -97,9 +97,9 @@ QStringList ReadingTrace::summary() const
     return lines;
 }
 
-QString ReadingTrace::placeOf(int node) const
+QString ReadingTrace::placeOf(int node, const XmlDocument::Attribute *attribute) const
 {
-    const Place place = m_document->placeOf(node);
+    const Place place = attribute ? m_document->placeOf(node, *attribute) : m_document->placeOf(node);
     return QStringLiteral("%1:%2").arg(place.line).arg(place.column);
 }
 
@@ -123,11 +123,7 @@ void ReadingTrace::take(const Value &value)
     if (value.overwritten >= 0) {
         what += QStringLiteral(", in place of %1").arg(placeOf(value.overwritten));
     }
-    QString place = placeOf(value.text < 0 ? value.element : value.text);
-    if (value.attribute) {
-        const Place ofAttribute = m_document->placeOf(*value.attribute);
-        place = QStringLiteral("%1:%2").arg(ofAttribute.line).arg(ofAttribute.column);
-    }
+    const QString place = placeOf(value.text < 0 ? value.element : value.text, value.attribute);
     add(QStringLiteral("takes ") + nameOf(value.row), place, what);
 }
 
@@ -172,10 +168,8 @@ void ReadingTrace::fileList(const QString &name, int classType, int element)
 void ReadingTrace::passOver(int node, const XmlDocument::Attribute *attribute, Reason reason, int inFavourOf)
 {
     QString what = QStringLiteral(" ");
-    QString place = placeOf(node);
+    const QString place = placeOf(node, attribute);
     if (attribute) {
-        const Place ofAttribute = m_document->placeOf(*attribute);
-        place = QStringLiteral("%1:%2").arg(ofAttribute.line).arg(ofAttribute.column);
         what += m_document->nameOf(*attribute);
     } else {
         what += m_document->isElement(node) ? QStringLiteral("<%1>").arg(m_document->nameOf(node))

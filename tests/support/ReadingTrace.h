@@ -30,7 +30,7 @@ public:
                   int inFavourOf) override;
 
 private:
-    QString placeOf(int node) const;
+    QString placeOf(int node, const Tobrix::Templates::XmlDocument::Attribute *attribute = nullptr) const;
     void add(const QString &kind, const QString &place, const QString &what);
 
     const Tobrix::Templates::XmlDocument *m_document = nullptr;
