@@ -77,6 +77,7 @@ const Words declarations = {"<?xml version=\"1.0\"?>",
                             "<?xml encoding=\"UTF-8\" version=\"1.0\"?>",
                             "<?xml\tversion = \"1.0\"\r\n?>",
                             "<?xml version=\"1.0\"encoding=\"UTF-8\"?>",
+                            "<?xml-model encoding=\"ISO-8859-1\"?>",
                             "<!DOCTYPE T>",
                             "<!DOCTYPE T [<!ENTITY unknown \"K\">]>",
                             "\xEF\xBB\xBF"};
