@@ -165,9 +165,10 @@ const Format *formatOf(std::string_view input)
     return format == std::end(formats) ? nullptr : format;
 }
 
+/// A copy: the parser needs the zero that ends a byte array of its own.
 QByteArray bytesOf(std::string_view document)
 {
-    return QByteArray::fromRawData(document.data(), static_cast<int>(document.size()));
+    return QByteArray(document.data(), static_cast<int>(document.size()));
 }
 
 bool isStrict(std::string_view document, const Format &format)
