@@ -25,6 +25,9 @@ public:
     /// basic plane apart.
     int offsetOf(int line, int column) const;
 
+    /// The offset of a place, as placeOf() gives it.
+    int offsetOf(const Place &place) const;
+
 private:
     int charactersBefore(int offset) const;
 
