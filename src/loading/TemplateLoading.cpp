@@ -6,7 +6,6 @@
 #include "loading/ReadContent_p.h"
 #include "model/CCatalogTemplate.h"
 #include "xml/SourcePlaces_p.h"
-#include "xml/XmlFaultWords_p.h"
 
 #include "host/CCatalogTemplateRegistry.h"
 #include "host/CLogger.h"
@@ -183,7 +182,7 @@ void TemplateLoading::reportFault(Report &report) const
     report.outcome = m_row.keepsBeginning ? Outcome::LoadedUpToFault : Outcome::NotWellFormed;
     report.reason = QStringLiteral("not well-formed at line %1, column %2: %3%4")
                         .arg(QString::number(report.line), QString::number(report.column),
-                             explanationOf(m_document, m_bytes),
+                             m_document.explanationOfFault(),
                              m_row.keepsBeginning ? QStringLiteral("; what follows was lost") : QString());
 }
 

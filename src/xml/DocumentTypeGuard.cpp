@@ -1,7 +1,7 @@
 #include "xml/DocumentTypeGuard_p.h"
 
-#include "xml/XmlLimits_p.h"
 #include "xml/XmlGuard_p.h"
+#include "xml/XmlLimits_p.h"
 
 #include <QRegularExpression>
 

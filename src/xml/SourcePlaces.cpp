@@ -65,15 +65,4 @@ int SourcePlaces::offsetOf(int line, int column) const
     return std::clamp(lineStart + column - 1, lineStart, std::max(lineStart, m_source.size()));
 }
 
-int SourcePlaces::offsetOf(const Place &place) const
-{
-    int offset = offsetOf(place.line, 1);
-    for (int column = 1; column < place.column && offset < m_source.size(); ++column) {
-        do {
-            ++offset;
-        } while (offset < m_source.size() && !isCharacter(m_source.at(offset)));
-    }
-    return offset;
-}
-
 } // namespace Tobrix::Templates

@@ -25,9 +25,6 @@ public:
     /// basic plane apart.
     int offsetOf(int line, int column) const;
 
-    /// The offset of a place, as placeOf() gives it.
-    int offsetOf(const Place &place) const;
-
 private:
     int charactersBefore(int offset) const;
 

@@ -10,27 +10,6 @@ namespace Tobrix::Templates {
 
 namespace {
 
-/// The encoding that "<" gives away in the first bytes of a file without a byte-order mark.
-const char *wideEncoding(const QByteArray &bytes)
-{
-    static const struct
-    {
-        QByteArray beginning;
-        const char *encoding;
-    } rows[] = {
-        {QByteArray("\x3c\x00\x00\x00", 4), "UTF-32LE"},
-        {QByteArray("\x00\x00\x00\x3c", 4), "UTF-32BE"},
-        {QByteArray("\x3c\x00", 2), "UTF-16LE"},
-        {QByteArray("\x00\x3c", 2), "UTF-16BE"},
-    };
-    for (const auto &row : rows) {
-        if (bytes.startsWith(row.beginning)) {
-            return row.encoding;
-        }
-    }
-    return "UTF-8";
-}
-
 QByteArray declaredEncoding(const QByteArray &bytes)
 {
     if (!bytes.startsWith("<?xml")) {
@@ -48,7 +27,8 @@ const QTextCodec &codecOf(const QByteArray &bytes)
     if (!codec) {
         codec = QTextCodec::codecForName(declaredEncoding(bytes));
     }
-    return codec ? *codec : *QTextCodec::codecForName(wideEncoding(bytes));
+    const QByteArray wide = wideEncoding(bytes);
+    return codec ? *codec : *QTextCodec::codecForName(wide.isEmpty() ? QByteArray("UTF-8") : wide);
 }
 
 /// The text of a file's first bytes, as far as they make whole characters.
@@ -66,6 +46,26 @@ struct Beginning
 };
 
 } // namespace
+
+QByteArray wideEncoding(const QByteArray &bytes)
+{
+    static const struct
+    {
+        QByteArray beginning;
+        QByteArray encoding;
+    } marks[] = {
+        {QByteArray("\x00\x00\xfe\xff", 4), "UTF-32"},   {QByteArray("\xff\xfe\x00\x00", 4), "UTF-32"},
+        {QByteArray("\x3c\x00\x00\x00", 4), "UTF-32LE"}, {QByteArray("\x00\x00\x00\x3c", 4), "UTF-32BE"},
+        {QByteArray("\xfe\xff", 2), "UTF-16"},           {QByteArray("\xff\xfe", 2), "UTF-16"},
+        {QByteArray("\x3c\x00", 2), "UTF-16LE"},         {QByteArray("\x00\x3c", 2), "UTF-16BE"},
+    };
+    for (const auto &mark : marks) {
+        if (bytes.startsWith(mark.beginning)) {
+            return mark.encoding;
+        }
+    }
+    return QByteArray();
+}
 
 QString decodedXml(const QByteArray &bytes)
 {

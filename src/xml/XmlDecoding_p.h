@@ -6,8 +6,12 @@ class QByteArray;
 
 namespace Tobrix::Templates {
 
+/// The encoding that the first bytes of a file imply, by a byte order mark or by the width of "<"; empty when
+/// they imply none but ASCII and its extensions.
+QByteArray wideEncoding(const QByteArray &bytes);
+
 /// The text of an XML file, in the encoding that its first bytes or its declaration name; UTF-8 where they
-/// name none. A byte-order mark is no part of it.
+/// name none. A byte order mark is no part of it.
 QString decodedXml(const QByteArray &bytes);
 
 /// The place in that text of the first bytes that stand for no character in its encoding; its end when all

@@ -30,9 +30,10 @@ struct XmlFault
     };
 
     Kind kind = None;
-    QString explanation; ///< as the end of a sentence, without full stop
-    int line = 0;        ///< where it was noticed, from 1
-    int column = 0;      ///< from 1, in UTF-16 units, as Qt's parsers count
+    QString explanation;        ///< as the end of a sentence, without full stop
+    int line = 0;               ///< where it was noticed, from 1
+    int column = 0;             ///< from 1, in UTF-16 units, as Qt's parsers count
+    bool isUndecodable = false; ///< whether bytes stand for no character in the encoding of the file
 
     explicit operator bool() const { return kind != None; }
 };
@@ -58,9 +59,9 @@ public:
         quint32 at = 0;             ///< of an element's "<", or of the first character of a piece of text
         quint32 extent = 0;         ///< of an element: the node after its last descendant; else the size
         quint32 firstAttribute = 0; ///< of an element; of other nodes that of the next element
-        quint16 name = 0;           ///< of an element: the number of its name
-        Kind kind = Element;
-        unsigned char flags = 0;
+        quint32 name : 24;          ///< of an element: the number of its name
+        Kind kind : 4;
+        unsigned char flags : 4;
     };
 
     struct Attribute
@@ -68,8 +69,8 @@ public:
         quint32 at = 0;      ///< of the first character of its name
         quint32 valueAt = 0; ///< of the first character of its value
         quint32 valueSize = 0;
-        quint16 name = 0; ///< the number of its qualified name
-        quint16 flags = 0;
+        quint32 name : 24; ///< the number of its qualified name
+        quint32 flags : 8;
     };
 
     /// The attributes of an element, in the order of the file where the strict parser read it.
@@ -99,13 +100,10 @@ public:
     /// Why the strict parser did not read the file; XmlRefusal::None when it did.
     XmlRefusal refusal() const { return m_refusal; }
 
-    int size() const { return static_cast<int>(m_nodes.size()) - 1; }
+    int size() const { return m_nodes.empty() ? 0 : static_cast<int>(m_nodes.size()) - 1; }
     const Node &node(int index) const { return m_nodes[static_cast<std::size_t>(index)]; }
     bool isElement(int index) const { return node(index).kind == Node::Element; }
-    bool isText(int index) const
-    {
-        return node(index).kind == Node::Text || node(index).kind == Node::CData;
-    }
+    bool isText(int index) const { return node(index).kind == Node::Text || node(index).kind == Node::CData; }
     /// The node after the last descendant of an element; the next one for every other node.
     int end(int index) const { return isElement(index) ? static_cast<int>(node(index).extent) : index + 1; }
     /// Whether the end of an element was met. It is not where the document breaks off.
@@ -137,16 +135,23 @@ public:
     /// The element around a node; -1 for the root and what stands beside it. Walks back: for the few.
     int parentOf(int index) const;
 
-    /// Where a node begins: an element's "<", the first character of a text. Of a document that Qt's parser
-    /// made it is found by a scan of the file, and where that does not match, it is that of the nearest
-    /// element around that does.
+    /// Where a node begins: an element's "<", the first character of a text; and an attribute: its name. Of a
+    /// document that Qt's parser made it is found by a scan of the file. What that does not find is at the
+    /// place of the nearest element around that it does.
     /// @return the offset into the bytes of the file
-    qint64 byteOffset(int node) const;
-    qint64 byteOffset(const Attribute &attribute) const;
+    qint64 byteOffsetOf(int node) const;
+    qint64 byteOffsetOf(int element, const Attribute &attribute) const;
+    /// The same in lines and characters.
     Place placeOf(int node) const;
-    Place placeOf(const Attribute &attribute) const;
+    Place placeOf(int element, const Attribute &attribute) const;
     /// Where a person has to look for the fault, which may be before the place where it was noticed.
     Place placeOfFault() const;
+    /// What is wrong, as the end of a sentence: the parser's explanation, or a better one where it is known.
+    QString explanationOfFault() const;
+
+    /// Where a node begins, and where the fault is, as offsets into the decoded text of the file.
+    int sourceOffset(int node) const;
+    int sourceOffsetOfFault() const;
 
 private:
     friend class XmlStrictParser;
@@ -160,12 +165,18 @@ private:
 
     struct Places;
 
+    const char *text() const { return m_bytes.constData() + (m_encoding.isEmpty() ? m_markSize : 0); }
+    int textSize() const { return m_bytes.size() - (m_encoding.isEmpty() ? m_markSize : 0); }
+
     const Places &places() const;
+    int sourceOffset(int element, const Attribute &attribute) const;
+    int sourceOffset(const char *at) const;
+    qint64 byteOffset(int sourceOffset) const;
 
     XmlDialect m_dialect;
     XmlRefusal m_refusal = XmlRefusal::None;
     XmlFault m_fault;
-    QByteArray m_bytes; // UTF-8 for the strict parser, those of the file for Qt's
+    QByteArray m_bytes;        // UTF-8 for the strict parser, those of the file for Qt's
     std::vector<Node> m_nodes; // and one after the last, for its first attribute
     std::vector<Attribute> m_attributes;
     std::vector<QString> m_names;

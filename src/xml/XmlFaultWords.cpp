@@ -1,8 +1,6 @@
 #include "xml/XmlFaultWords_p.h"
 
 #include "xml/SourcePlaces_p.h"
-#include "xml/XmlDecoding_p.h"
-#include "xml/XmlDocument_p.h"
 #include "xml/XmlTree_p.h"
 
 #include <algorithm>
@@ -24,33 +22,33 @@ QString nameInTag(const QString &source, int tagAt)
     return name.size() > longest ? name.left(longest) + QChar(0x2026) : name;
 }
 
+QString lineOf(const SourcePlaces &places, int at)
+{
+    return QString::number(places.placeOf(at).line);
+}
+
 } // namespace
 
-QString explanationOf(const XmlDocument &document, const QByteArray &bytes)
+QString wordsForFault(const XmlTree &document, const SourcePlaces &places, int faultAt)
 {
-    const XmlTree tree(decodedXml(bytes), document.dialect());
-    const QString &source = tree.source();
-    const SourcePlaces places(source);
-    const Place fault = document.placeOfFault();
-    const int brokenAt = tree.brokenAt();
-    const Place broken = places.placeOf(brokenAt);
-    if (brokenAt < 0 || tree.unfollowedDocumentType() >= 0 || broken.line != fault.line ||
-        broken.column != fault.column) {
-        return document.fault().explanation;
+    // What entities add to a document is not in its tree.
+    if (faultAt != document.brokenAt() || document.unfollowedDocumentType() >= 0) {
+        return QString();
     }
-    const XmlUnfinished &unfinished = tree.unfinished();
-    if (brokenAt == source.size() && !unfinished.isNull()) {
-        const QString line = QString::number(places.placeOf(unfinished.at).line);
-        return QStringLiteral("%1 of line %2 is not closed").arg(unfinished.words, line);
+    const QString &source = document.source();
+    const XmlUnfinished &unfinished = document.unfinished();
+    if (faultAt == source.size()) {
+        return unfinished.isNull() ? QString()
+                                   : QStringLiteral("%1 of line %2 is not closed")
+                                         .arg(unfinished.words, lineOf(places, unfinished.at));
     }
-    const int open = tree.openWhereBroken();
-    if (open >= 0 && source.midRef(brokenAt).startsWith(QLatin1String("</"))) {
-        const int openAt = tree.node(open).at;
-        return QStringLiteral("</%1> does not match <%2>, which was opened in line %3")
-            .arg(nameInTag(source, brokenAt), nameInTag(source, openAt),
-                 QString::number(places.placeOf(openAt).line));
+    const int open = document.openWhereBroken();
+    if (open < 0 || !source.midRef(faultAt).startsWith(QLatin1String("</"))) {
+        return QString();
     }
-    return document.fault().explanation;
+    const int openAt = document.node(open).at;
+    return QStringLiteral("</%1> does not match <%2>, which was opened in line %3")
+        .arg(nameInTag(source, faultAt), nameInTag(source, openAt), lineOf(places, openAt));
 }
 
 } // namespace Tobrix::Templates

@@ -1,16 +1,16 @@
 #pragma once
 
-class QByteArray;
 class QString;
 
 namespace Tobrix::Templates {
 
-class XmlDocument;
+class SourcePlaces;
+class XmlTree;
 
-/// Why a document is not well-formed, as the end of a sentence. Of a tag that is missing or does not match,
-/// it names the start tag and its line, else it is the parser's explanation.
-/// @param document has a fault
-/// @param bytes of the file that it was parsed from
-QString explanationOf(const XmlDocument &document, const QByteArray &bytes);
+/// What is wrong with a tag or a comment that does not match or has no end, with the line in which it begins:
+/// as the end of a sentence. Empty for any other fault.
+/// @param places of the source of the document
+/// @param faultAt the place of the fault in the source
+QString wordsForFault(const XmlTree &document, const SourcePlaces &places, int faultAt);
 
 } // namespace Tobrix::Templates

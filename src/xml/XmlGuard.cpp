@@ -24,8 +24,6 @@ const char *find(char c, const char *at, const char *end)
 
 qint64 XmlGuard::follow(const char *bytes, qint64 size)
 {
-    m_bytes = bytes;
-    m_spareWhiteSpace.clear();
     const char *at = bytes;
     const char *const end = bytes + size;
     while (at != end && m_excess.isEmpty()) {
@@ -61,40 +59,9 @@ const char *XmlGuard::followState(const char *at, const char *end)
     return end;
 }
 
-bool XmlGuard::isWhiteSpaceSpare() const
-{
-    // Entities may stand for white space, and for texts, too.
-    if (!m_isBehindMarkup || m_hasDocumentType) {
-        return false;
-    }
-    return m_notedWhiteSpace == SpareWhiteSpace::BetweenMarkup ||
-           (m_notedWhiteSpace == SpareWhiteSpace::BehindTexts && m_isBehindText && m_isBehindEnd);
-}
-
-const char *XmlGuard::followWhiteSpace(const char *at, const char *end)
-{
-    const char *const begin = at;
-    while (at != end && isSpace(*at)) {
-        ++at;
-    }
-    m_isBehindMarkup = at == end;
-    if (at != end && *at == '<' && at != begin) {
-        m_spareWhiteSpace.push_back({begin - m_bytes, at - m_bytes});
-    }
-    return at;
-}
-
 const char *XmlGuard::followText(const char *at, const char *end)
 {
-    const char *const begin = at;
-    if (isWhiteSpaceSpare()) {
-        at = followWhiteSpace(at, end);
-    } else {
-        // What is left of it in the next bytes is not spare either.
-        m_isBehindMarkup = false;
-    }
-    at = findBehindReferences('<', at, end);
-    m_isBehindText = m_isBehindText || at != begin;
+    at = findAfterReferences('<', at, end);
     if (at == end) {
         return at;
     }
@@ -105,7 +72,7 @@ const char *XmlGuard::followText(const char *at, const char *end)
 
 const char *XmlGuard::followMarkup(const char *at, const char *end)
 {
-    // Tags, which is what most markup is, are followed at once.
+    // Most markup is tags: these are followed at once.
     switch (*at) {
     case '/':
         enter(State::EndTag);
@@ -144,7 +111,7 @@ const char *XmlGuard::followDeclaration(const char *at)
         isPossible = isPossible || declaration.keyword.startsWith(m_declaration);
     }
     if (!isPossible) {
-        // No parser goes on behind this. Should one, then it takes it for no more than a tag.
+        // No parser continues after this. One that did would take it for a tag.
         openElement();
     }
     return at + 1;
@@ -189,12 +156,12 @@ const char *XmlGuard::followStartTag(const char *at, const char *end)
 const char *XmlGuard::skipElementName(const char *at, const char *end)
 {
     const char *const begin = at;
-    // Many of a template's tags are a name and no more.
+    // Many tags of a template are only a name.
     const char *const tagEnd = find('>', at, end);
     if (tagEnd != end && find('=', at, tagEnd) == tagEnd) {
         at = tagEnd;
     } else {
-        // Letters stand behind all that is markup in ASCII.
+        // In ASCII, letters come after all characters of markup.
         while (at != end && static_cast<unsigned char>(*at) > static_cast<unsigned char>('>')) {
             ++at;
         }
@@ -205,7 +172,7 @@ const char *XmlGuard::skipElementName(const char *at, const char *end)
 
 const char *XmlGuard::followAttributeValue(const char *at, const char *end)
 {
-    at = findBehindReferences(m_quote, at, end);
+    at = findAfterReferences(m_quote, at, end);
     if (at == end) {
         return at;
     }
@@ -284,7 +251,7 @@ bool XmlGuard::isDocumentTypeAtEnd(char c)
     }
 }
 
-const char *XmlGuard::findBehindReferences(char c, const char *at, const char *end)
+const char *XmlGuard::findAfterReferences(char c, const char *at, const char *end)
 {
     const char *const found = find(c, at, end);
     if (m_documentType.hasEntities()) {
@@ -305,11 +272,12 @@ void XmlGuard::followReference(char c)
         const auto cost = m_documentType.costOf(m_reference);
         m_referenceCost += cost;
         require(DocumentTypeGuard::excessOf(m_referenceCost));
-        require(m_depth + cost.depth <= Limits::depth, "more than %1 elements in each other", Limits::depth);
+        require(m_depth + cost.depth <= Limits::depth, "more than %1 levels of nested elements",
+                Limits::depth);
         countElements(cost.elements);
         countNamespaceDeclarations(cost.namespaceDeclarations);
     } else if (m_isInReference) {
-        // A longer name than there can be in a document type is nobody's.
+        // No document type can declare a longer name.
         m_isInReference = m_reference.size() < Limits::documentTypeSize;
         m_reference += c;
     }
@@ -320,7 +288,6 @@ void XmlGuard::enter(State state)
     m_state = state;
     m_isInReference = false;
     m_terminatorMatched = 0;
-    m_isBehindMarkup = true;
 }
 
 void XmlGuard::beginDocumentType()
@@ -339,18 +306,15 @@ void XmlGuard::openElement()
     m_attributes = 0;
     m_attributeNameSize = 0;
     m_isAttributeNameComplete = false;
-    m_isBehindText = false;
-    m_isBehindEnd = false;
     ++m_depth;
     m_deepest = std::max(m_deepest, m_depth);
-    require(m_depth <= Limits::depth, "more than %1 elements in each other", Limits::depth);
+    require(m_depth <= Limits::depth, "more than %1 levels of nested elements", Limits::depth);
     countElements(1);
 }
 
 void XmlGuard::closeElement()
 {
     m_isClosedTooOften = m_isClosedTooOften || m_depth == 0;
-    m_isBehindEnd = true;
     m_depth = std::max(0, m_depth - 1);
 }
 

@@ -6,54 +6,29 @@
 #include <QString>
 
 #include <array>
-#include <vector>
 
 namespace Tobrix::Templates {
 
-/// White space before markup, with nothing else since the markup before it, that is of no use to whoever
-/// reads a document.
-enum class SpareWhiteSpace {
-    None,
-    /// All of it: to a document it is nothing.
-    BetweenMarkup,
-    /// Only such behind the end of an element that has a text: within an element it may be part of the text,
-    /// and an element without a text may take the white space behind its end for one.
-    BehindTexts
-};
-
-/// Follows the markup of an XML document as it is handed to a parser, and says when it goes past a limit. It
-/// understands as much of XML as that takes and no more: what is not well-formed is for the parser to find,
-/// which stops there.
+/// Follows the markup of an XML document as it is handed to a parser, and says when it exceeds a limit. It
+/// understands only as much of XML as that needs: what is not well-formed is for the parser to find, which
+/// stops there.
 ///
-/// Works on bytes in which markup stands in ASCII.
+/// Works on bytes in which markup is ASCII.
 class XmlGuard
 {
 public:
     /// Follows the next bytes.
-    /// @return how many of them are within the limits: all, or those before the place where something is too
-    /// much
+    /// @return how many of them are within the limits: all, or those before the place where one is exceeded
     qint64 follow(const char *bytes, qint64 size);
 
-    /// What is too much, in words; empty as long as nothing is.
+    /// The limit that is exceeded, in words; empty as long as none is.
     QString excess() const { return m_excess; }
-
-    /// A run of the bytes followed last.
-    struct Run
-    {
-        qint64 begin;
-        qint64 end;
-    };
-
-    /// From now on, notes white space of a kind.
-    void noteSpareWhiteSpace(SpareWhiteSpace kind) { m_notedWhiteSpace = kind; }
-    /// The white space of that kind among the bytes followed last, but for such that began before them.
-    const std::vector<Run> &spareWhiteSpace() const { return m_spareWhiteSpace; }
 
     /// Whether the bytes are whole: they end outside of all markup, and all elements are closed, and were
     /// open before that.
     bool isWhole() const { return m_state == State::Text && m_depth == 0 && !m_isClosedTooOften; }
 
-    /// Elements in each other, at most, and elements and namespace declarations in all.
+    /// The nesting depth reached, and the elements and namespace declarations in all.
     int deepest() const { return m_deepest; }
     qint64 elements() const { return m_elements; }
     qint64 namespaceDeclarations() const { return m_namespaceDeclarations; }
@@ -77,8 +52,6 @@ private:
     };
 
     const char *followState(const char *at, const char *end);
-    bool isWhiteSpaceSpare() const;
-    const char *followWhiteSpace(const char *at, const char *end);
     const char *followText(const char *at, const char *end);
     const char *followMarkup(const char *at, const char *end);
     const char *followDeclaration(const char *at);
@@ -90,7 +63,7 @@ private:
     const char *followDocumentType(const char *at, const char *end);
 
     /// Looks for the first of a character from a place on, and at the references to entities up to there.
-    const char *findBehindReferences(char c, const char *at, const char *end);
+    const char *findAfterReferences(char c, const char *at, const char *end);
     void followReference(char c);
 
     void enter(State state);
@@ -103,22 +76,12 @@ private:
     void beginAttributeValue(char quote);
     bool isDocumentTypeAtEnd(char c);
 
-    /// What is too much unless something else was before. Nothing can be followed behind it.
+    /// Notes an exceeded limit unless there is one already. Nothing after it is followed.
     void require(const QString &excess);
     void require(bool isWithinLimit, const char *excess, int limit = 0);
 
     State m_state = State::Text;
     QString m_excess;
-
-    SpareWhiteSpace m_notedWhiteSpace = SpareWhiteSpace::None;
-    // With nothing but spare white space in between. At the beginning there is none before an XML
-    // declaration.
-    bool m_isBehindMarkup = false;
-    // Since the last start of an element.
-    bool m_isBehindText = false;
-    bool m_isBehindEnd = false;
-    const char *m_bytes = nullptr;
-    std::vector<Run> m_spareWhiteSpace;
 
     int m_depth = 0;
     int m_deepest = 0;
@@ -131,7 +94,7 @@ private:
     char m_quote = 0;
     int m_attributes = 0;
     qint64 m_namespaceDeclarations = 0;
-    // Of the name only the beginning matters.
+    // Only the beginning of the name matters.
     std::array<char, 5> m_attributeName = {};
     std::size_t m_attributeNameSize = 0;
     bool m_isAttributeNameComplete = false;

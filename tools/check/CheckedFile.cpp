@@ -4,7 +4,6 @@
 #include "tools/check/model/LegacyModel.h"
 
 #include "loading/TemplateLoading_p.h"
-#include "xml/XmlFaultWords_p.h"
 #include "xml/XmlLimits_p.h"
 
 namespace Tobrix::Tools {
@@ -42,12 +41,11 @@ void CheckedFile::takeFault(const TemplateLoading &loading)
     const XmlFault &fault = document.fault();
     if (loading.result().kind == ReadingResult::OverLimit) {
         m_excess = loading.result().explanation;
-        m_faultAt = places().offsetOf(document.placeOf(loading.result().node));
+        m_faultAt = document.sourceOffset(loading.result().node);
     } else if (fault) {
         const bool isExcess = fault.kind == XmlFault::OverLimit;
-        (isExcess ? m_excess : m_malformation) =
-            isExcess ? fault.explanation : explanationOf(document, loading.bytes());
-        m_faultAt = places().offsetOf(document.placeOfFault());
+        (isExcess ? m_excess : m_malformation) = isExcess ? fault.explanation : document.explanationOfFault();
+        m_faultAt = document.sourceOffsetOfFault();
     }
 }
 
