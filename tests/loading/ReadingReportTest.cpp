@@ -101,6 +101,12 @@ void ReadingReportTest::contentIsReported_data()
     loaded("a legend class", legacyFolder,
            legacyDocument("<LegendOfClassification><class/></LegendOfClassification>"));
 
+    // The parsers get a document type only when it is known to be within the limits.
+    const QByteArray documentType = "<!DOCTYPE a [\n<!--" + QByteArray(12'000, 'x') + "-->]>";
+    loaded("a long document type", legacyFolder,
+           documentType + "<TXSYS><PROGVIEW><PV_PK>v</PV_PK></PROGVIEW></TXSYS>");
+    loaded("a long document type", currentFolder, documentType + "<Template><View Id='v'/></Template>");
+
     const auto nothing = [](const char *name, const QString &folder, const QByteArray &content) {
         const QString format = folder == currentFolder ? QStringLiteral("current") : QStringLiteral("legacy");
         QTest::addRow("%s, %s", name, qPrintable(folder))
