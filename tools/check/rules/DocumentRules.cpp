@@ -59,19 +59,6 @@ void checkContainers(const XmlTree &tree, Findings &findings)
     }
 }
 
-/// What the parser says, and what it leaves to guess: what a file ends within that ends too early.
-QString explanationOf(const CheckedFile &file)
-{
-    const QString explanation = printable(file.verdict().explanation);
-    const XmlUnfinished &unfinished = file.tree().unfinished();
-    if (file.faultAt() < file.source().size() || unfinished.isNull()) {
-        return explanation;
-    }
-    return QStringLiteral("%1 within %2 of line %3")
-        .arg(explanation, unfinished.words)
-        .arg(file.lineOf(unfinished.at));
-}
-
 QString effectOfMalformation(const CheckedFile &file)
 {
     if (!file.isCurrent()) {
@@ -162,12 +149,10 @@ bool hasUnknownRoot(const CheckedFile &file)
 
 void checkWellFormed(const CheckedFile &file, Findings &findings)
 {
-    if (file.verdict().isWellFormed || !file.excess().isEmpty()) {
-        return;
+    if (!file.malformation().isEmpty()) {
+        findings.add(file.faultAt(), QStringLiteral("not well-formed, %1: %2")
+                                         .arg(printable(file.malformation()), effectOfMalformation(file)));
     }
-    findings.add(
-        file.faultAt(),
-        QStringLiteral("not well-formed, %1: %2").arg(explanationOf(file), effectOfMalformation(file)));
 }
 
 void checkLimits(const CheckedFile &file, Findings &findings)
