@@ -1,9 +1,7 @@
 #include "fuzzing/PlainTemplateReader.h"
 
-#include "format_current/CurrentFormatTables_p.h"
+#include "format_current/CurrentFormat_p.h"
 #include "loading/CTemplateBuilder.h"
-#include "rawdata/TemplateLimits_p.h"
-#include "xml/GuardedFile_p.h"
 #include "model/CListItem.h"
 #include "model/CProgramView.h"
 #include "model/CTemplateColumn.h"
@@ -12,6 +10,9 @@
 #include "rawdata/CTemplateDataConverter.h"
 #include "rawdata/CTemplateRawData.h"
 #include "rawdata/SaturatedInt_p.h"
+#include "rawdata/TemplateLimits_p.h"
+#include "xml/GuardedMarkup_p.h"
+#include "xml/XmlFile_p.h"
 
 #include <QSet>
 
@@ -78,6 +79,19 @@ qint64 countWithinEach(const QDomDocument &document, const QString &container, c
         count += element.elementsByTagName(name).count();
     }
     return count;
+}
+
+/// The scopes of the colour scheme that hosts show, the default one.
+QList<QDomElement> defaultScopes(const QDomDocument &document)
+{
+    QList<QDomElement> scopes;
+    for (const auto &scope : all(first(document, QStringLiteral("ClassificationColorScopes")),
+                                 QStringLiteral("ClassificationColorScope"))) {
+        if (attributeOf(scope, QStringLiteral("Name")) == QLatin1String("ClassColorDefault")) {
+            scopes.append(scope);
+        }
+    }
+    return scopes;
 }
 
 /// The group level that an attribute of "GroupLevel" stands for, 1 to 9: the sixth character of its name. 0
@@ -162,8 +176,8 @@ void readRestrictions(const QDomElement &column, CColumnData &data)
 bool isExcluded(const CColumnData &data)
 {
     QSet<QString> keys;
-    for (const auto &key : excludedColumnKeys) {
-        keys.insert(key);
+    for (const auto &row : excludedBindings) {
+        keys.insert(row.key);
     }
     return keys.contains(data.boundColumn + QLatin1Char('_') + data.tableName);
 }
@@ -192,18 +206,19 @@ bool PlainTemplateReader::readFile(const QString &fileName, CTemplateRawData &ra
     m_defaultValues.clear();
     m_rawData = &rawData;
 
-    GuardedFile file;
-    if (!file.openTemplate(fileName)) {
+    XmlFile file;
+    if (file.open(fileName) != XmlFile::Access::Readable) {
         return false;
     }
-    // A file that is not well-formed leaves what stands before the fault, one past the limits nothing. What a
-    // fault makes look like too much is no more than a fault.
+    GuardedMarkup markup(file.readAll());
+    // A file that is not well-formed leaves what stands before the fault, one over a limit nothing. What a
+    // fault makes look like an exceeded limit is no more than a fault.
     int faultLine = 0;
     int faultColumn = 0;
-    m_document.setContent(&file, false, nullptr, &faultLine, &faultColumn);
-    file.close();
-    const bool isTooMuch = !file.excess().isEmpty() && !file.isFaultBeforeExcess(faultLine, faultColumn);
-    if (isTooMuch || !isWithinLimits()) {
+    m_document.setContent(&markup, false, nullptr, &faultLine, &faultColumn);
+    const bool isOverLimit =
+        !markup.excess().isEmpty() && !markup.isFaultBeforeExcess(faultLine, faultColumn);
+    if (isOverLimit || !isWithinLimits()) {
         m_document.clear();
     }
     readDocument();
@@ -212,11 +227,14 @@ bool PlainTemplateReader::readFile(const QString &fileName, CTemplateRawData &ra
 
 bool PlainTemplateReader::isWithinLimits() const
 {
+    qint64 legendClasses = 0;
+    for (const auto &scope : defaultScopes(m_document)) {
+        legendClasses += scope.elementsByTagName(QStringLiteral("ClassificationColor")).count();
+    }
     return countWithinEach(m_document, QStringLiteral("View"), QStringLiteral("Column")) <= Limits::columns &&
            countWithinEach(m_document, QStringLiteral("ValueList"), QStringLiteral("ValueListItem")) <=
                Limits::listItems &&
-           countWithinEach(m_document, QStringLiteral("ClassificationColorScope"),
-                           QStringLiteral("ClassificationColor")) <= Limits::legendClasses &&
+           legendClasses <= Limits::legendClasses &&
            m_document.elementsByTagName(QStringLiteral("View")).count() <= Limits::views;
 }
 
@@ -382,12 +400,8 @@ void PlainTemplateReader::readDefaultValues()
 
 void PlainTemplateReader::readLegendLists()
 {
-    for (const auto &scope : all(first(m_document, QStringLiteral("ClassificationColorScopes")),
-                                 QStringLiteral("ClassificationColorScope"))) {
-        // Hosts show the default scheme alone.
-        if (attributeOf(scope, QStringLiteral("Name")) == QLatin1String("ClassColorDefault")) {
-            readLegendListItem(scope, attributeOf(scope, QStringLiteral("Scope")));
-        }
+    for (const auto &scope : defaultScopes(m_document)) {
+        readLegendListItem(scope, attributeOf(scope, QStringLiteral("Scope")));
     }
 }
 

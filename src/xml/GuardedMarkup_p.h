@@ -38,7 +38,7 @@ protected:
 
 private:
     void holdBackDocumentType(const QByteArray &beginning);
-    qint64 takeNext(char *target, qint64 maxSize);
+    qint64 takeBytes(char *data, qint64 maxSize);
     qint64 takeHeldBack(char *data, qint64 maxSize);
     qint64 follow(const QByteArray &chunk);
     qint64 followEncoded(const QByteArray &chunk);

@@ -1,9 +1,10 @@
 // Elements are found by their names at any depth, whatever they stand in.
 
 #include "CurrentFormat.h"
-#include "PlainReading.h"
 #include "RandomDocument.h"
 #include "RecordLines.h"
+
+#include "fuzzing/PlainTemplateReader.h"
 
 #include <QDomDocument>
 #include <QTest>
@@ -81,8 +82,9 @@ QStringList linesOfDocument(const QByteArray &document)
 /// The same by look-ups alone.
 QStringList plainLinesOfDocument(const QByteArray &document)
 {
+    const TemporaryTemplate file(QStringLiteral("templates_new"), document);
     CTemplateRawData rawData;
-    const PlainReading reading(document, rawData);
+    Tobrix::Fuzzing::PlainTemplateReader().readFile(file.path(), rawData);
     return linesOf(rawData);
 }
 

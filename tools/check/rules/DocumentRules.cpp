@@ -9,7 +9,7 @@
 #include "tools/text/DisplayText.h"
 
 #include "format_current/CurrentFormatTables_p.h"
-#include "format_legacy/CTemplateTokenizer.h"
+#include "format_legacy/LegacyFormat_p.h"
 
 #include "host/CCatalogTemplateRegistry.h"
 #include "host/CTemplateDescriptor.h"
@@ -24,7 +24,7 @@ using namespace Templates;
 
 namespace {
 
-/// Elements that only one of the formats has.
+/// Elements that only the current format has.
 constexpr QLatin1String currentMarks[] = {
     QLatin1String("TemplateIdentifier"),
     QLatin1String("View"),
@@ -33,15 +33,6 @@ constexpr QLatin1String currentMarks[] = {
     QLatin1String("DefaultValues"),
     QLatin1String("AssignedCatalogs"),
     QLatin1String("ClassificationColorScopes"),
-};
-constexpr QLatin1String legacyMarks[] = {
-    QLatin1String("TobrixTemplate"),
-    QLatin1String("TXSYS"),
-    QLatin1String("SYSTPL"),
-    QLatin1String("PROGVIEW"),
-    QLatin1String("SYSCOL"),
-    QLatin1String("SYSLIST"),
-    QLatin1String("LegendOfClassification"),
 };
 
 template <typename Names>
@@ -177,7 +168,9 @@ void checkFolder(const CheckedFile &file, Findings &findings)
 {
     const XmlTree &tree = file.tree();
     const bool isOfCurrent = hasAnyOf(tree, currentMarks);
-    const bool isOfLegacy = hasAnyOf(tree, legacyMarks);
+    const bool isOfLegacy =
+        std::any_of(std::begin(legacySections), std::end(legacySections),
+                    [&tree](const auto &section) { return tree.numberOf(section.row.element) >= 0; });
     if (file.isCurrent() && isOfLegacy && !isOfCurrent) {
         findings.add(
             tree.root().at(),
@@ -292,7 +285,8 @@ void checkKeys(const CheckedFile &file, Findings &findings)
 {
     const TemplateModel &model = file.model();
     if (isMissing(model.header.key)) {
-        const QString element = file.isCurrent() ? QStringLiteral("Name") : QStringLiteral("TPL_Key");
+        const QString element = file.isCurrent() ? QStringLiteral("Name")
+                                                 : QString(headerFields[Tokens::TPL_Key - 1].row.element);
         findings.add(placeOfMissing(model.header.key, model.header.at),
                      QStringLiteral("the template has no key (%1)%2: the host shows none")
                          .arg(element, butWhiteSpace(model.header.key)));
