@@ -48,6 +48,12 @@ Outcome outcomeOf(XmlFile::Access access)
     return Outcome::Unreadable;
 }
 
+void setPlace(CTemplateReadingReportPrivate &report, const Place &place)
+{
+    report.line = place.line;
+    report.column = place.column;
+}
+
 bool hasObjectsIn(const CTemplateRawData &rawData)
 {
     return !rawData.programViews.isEmpty() || !rawData.columns.isEmpty() || !rawData.listItems.isEmpty() ||
@@ -137,25 +143,10 @@ void TemplateLoading::reportAccess(Report &report) const
 
 void TemplateLoading::reportResult(Report &report) const
 {
-    const auto placeAt = [&report](const Place &place) {
-        report.line = place.line;
-        report.column = place.column;
-    };
     const XmlFault &fault = m_document.fault();
-    if (m_result.kind == ReadingResult::OverLimit) {
-        reportOverLimit(report, m_document.placeOf(m_result.node), m_result.explanation);
-    } else if (m_result.kind == ReadingResult::ItemWithoutList) {
-        placeAt(m_document.placeOf(m_result.node));
-        report.outcome = Outcome::ItemWithoutList;
-        report.reason = QStringLiteral("the list item at line %1 names no list (LIST_Name)").arg(report.line);
-    } else if (m_result.kind == ReadingResult::ColumnNotBuilt) {
-        placeAt(m_document.placeOf(m_result.node));
-        report.outcome = Outcome::ColumnNotBuilt;
-        report.reason = QStringLiteral("the column at line %1 cannot be built").arg(report.line);
-    } else if (fault.kind == XmlFault::OverLimit) {
-        reportOverLimit(report, m_document.placeOfFault(), fault.explanation);
+    if (m_result.node >= 0) {
+        reportStop(report);
     } else if (fault) {
-        placeAt(m_document.placeOfFault());
         reportFault(report);
     } else if (m_isGivenUp) {
         reportColumnWithoutView(report);
@@ -168,17 +159,34 @@ void TemplateLoading::reportResult(Report &report) const
     }
 }
 
-void TemplateLoading::reportOverLimit(Report &report, const Place &place, const QString &excess) const
+void TemplateLoading::reportStop(Report &report) const
+{
+    setPlace(report, m_document.placeOf(m_result.node));
+    if (m_result.kind == ReadingResult::OverLimit) {
+        reportOverLimit(report, m_result.explanation);
+    } else if (m_result.kind == ReadingResult::ItemWithoutList) {
+        report.outcome = Outcome::ItemWithoutList;
+        report.reason = QStringLiteral("the list item at line %1 names no list (LIST_Name)").arg(report.line);
+    } else {
+        report.outcome = Outcome::ColumnNotBuilt;
+        report.reason = QStringLiteral("the column at line %1 cannot be built").arg(report.line);
+    }
+}
+
+void TemplateLoading::reportOverLimit(Report &report, const QString &excess)
 {
     report.outcome = Outcome::OverLimit;
-    report.line = place.line;
-    report.column = place.column;
     report.reason = QStringLiteral("goes over a limit at line %1: %2; nothing of it is used")
-                        .arg(QString::number(place.line), excess);
+                        .arg(QString::number(report.line), excess);
 }
 
 void TemplateLoading::reportFault(Report &report) const
 {
+    setPlace(report, m_document.placeOfFault());
+    if (m_document.fault().kind == XmlFault::OverLimit) {
+        reportOverLimit(report, m_document.fault().explanation);
+        return;
+    }
     report.outcome = m_row.keepsBeginning ? Outcome::LoadedUpToFault : Outcome::NotWellFormed;
     report.reason = QStringLiteral("not well-formed at line %1, column %2: %3%4")
                         .arg(QString::number(report.line), QString::number(report.column),
@@ -194,13 +202,11 @@ void TemplateLoading::reportColumnWithoutView(Report &report) const
     ReadContent content;
     m_row.read(m_document, rawData, &content);
     const ColumnsWithoutView found = content.firstColumnsWithoutView(rawData);
-    const Place place = m_document.placeOf(found.element);
-    report.line = place.line;
-    report.column = place.column;
+    setPlace(report, m_document.placeOf(found.element));
     const QString belong = found.others == 0 ? QStringLiteral("belongs")
                                              : QStringLiteral("and %1 more belong").arg(found.others);
     report.reason = QStringLiteral("%1 at line %2 %3 to view \"%4\", which the file does not have")
-                        .arg(found.name, QString::number(place.line), belong, found.view);
+                        .arg(found.name, QString::number(report.line), belong, found.view);
 }
 
 bool TemplateLoading::hasAnything() const

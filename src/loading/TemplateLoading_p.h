@@ -51,9 +51,10 @@ private:
 
     bool isOpened() const { return m_access == XmlFile::Access::Readable; }
     void reportAccess(Report &report) const;
-    void reportOverLimit(Report &report, const Place &place, const QString &excess) const;
-    void reportFault(Report &report) const;
     void reportResult(Report &report) const;
+    void reportStop(Report &report) const;
+    static void reportOverLimit(Report &report, const QString &excess);
+    void reportFault(Report &report) const;
     void reportColumnWithoutView(Report &report) const;
     bool hasAnything() const;
 

@@ -39,9 +39,10 @@ void CheckedFile::takeFault(const TemplateLoading &loading)
 {
     const XmlDocument &document = loading.document();
     const XmlFault &fault = document.fault();
-    if (loading.result().kind == ReadingResult::OverLimit) {
-        m_excess = loading.result().explanation;
-        m_faultAt = document.sourceOffset(loading.result().node);
+    const ReadingResult &result = loading.result();
+    if (result.kind == ReadingResult::OverLimit && result.node >= 0) {
+        m_excess = result.explanation;
+        m_faultAt = document.sourceOffset(result.node);
     } else if (fault) {
         const bool isExcess = fault.kind == XmlFault::OverLimit;
         (isExcess ? m_excess : m_malformation) = isExcess ? fault.explanation : document.explanationOfFault();
