@@ -78,7 +78,7 @@ void compare(const char *name, Format format, int count, int bytes)
         }));
         checkTimes.push_back(secondsOf([&] {
             findings = 0;
-            for (const auto &report : Tools::checkFiles(files, {}, [](int, int) {})) {
+            for (const auto &report : Tools::checkFiles(files, {}, {}, [](int, int) {})) {
                 findings += report.findings.size();
             }
         }));

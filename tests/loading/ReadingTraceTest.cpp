@@ -3,13 +3,9 @@
 
 #include "support/ReadingTrace.h"
 
+#include "format_current/CurrentReading_p.h"
 #include "format_legacy/LegacyReading_p.h"
 #include "rawdata/CTemplateRawData.h"
-
-#if __has_include("format_current/CurrentReading_p.h")
-#include "format_current/CurrentReading_p.h"
-#define TOBRIX_CURRENT_FORMAT_IS_OBSERVED
-#endif
 
 #include <QFile>
 #include <QTest>
@@ -28,9 +24,7 @@ struct Format
 };
 
 constexpr Format legacyFormat = {XmlDialect::Stream, readLegacyDocument};
-#ifdef TOBRIX_CURRENT_FORMAT_IS_OBSERVED
 constexpr Format currentFormat = {XmlDialect::Dom, readCurrentDocument};
-#endif
 
 enum class Extent { Lines, Summary };
 
@@ -48,12 +42,10 @@ const TracedDocument tracedDocuments[] = {
     {"samples/templates/sewer-metric.xml", "legacy-sewer-metric.txt", legacyFormat, Extent::Summary},
     {"samples/templates/stormwater-imperial.xml", "legacy-stormwater-imperial.txt", legacyFormat,
      Extent::Summary},
-#ifdef TOBRIX_CURRENT_FORMAT_IS_OBSERVED
     {"docs/examples/templates_new/hydrant.xml", "current-hydrant.txt", currentFormat, Extent::Lines},
     {"samples/templates_new/sewer-metric.xml", "current-sewer-metric.txt", currentFormat, Extent::Summary},
     {"samples/templates_new/stormwater-imperial.xml", "current-stormwater-imperial.txt", currentFormat,
      Extent::Summary},
-#endif
 };
 
 QByteArray contentOf(const QString &path)

@@ -2,7 +2,7 @@
 
 #include "tools/text/DisplayText.h"
 
-#include "format_current/CurrentFormatTables_p.h"
+#include "format_current/CurrentFormat_p.h"
 #include "model/CDateColumn.h"
 #include "model/CDecimalColumn.h"
 #include "model/CIntegerColumn.h"

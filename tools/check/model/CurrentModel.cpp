@@ -3,7 +3,7 @@
 #include "tools/check/model/ModelBuilding.h"
 #include "xml/XmlTree_p.h"
 
-#include "format_current/CurrentFormatAttributes_p.h"
+#include "format_current/CurrentRules_p.h"
 #include "rawdata/CColumnData.h"
 #include "rawdata/CTemplateDataConverter.h"
 #include "rawdata/SaturatedInt_p.h"
@@ -20,29 +20,6 @@ namespace Tobrix::Tools {
 using namespace Templates;
 
 namespace {
-
-constexpr QLatin1String textOf(ElementName name)
-{
-    return elementNames[static_cast<std::size_t>(name)].text;
-}
-
-template <typename Rows>
-const auto *rowOf(const Rows &rows, const QString &name)
-{
-    const auto found =
-        std::find_if(std::begin(rows), std::end(rows), [&name](const auto &row) { return row.name == name; });
-    return found == std::end(rows) ? nullptr : &*found;
-}
-
-/// How the reader takes an attribute of an element.
-ValueKind kindOf(ElementName element, QLatin1String attribute)
-{
-    const auto isMeant = [&](const ElementAttribute &row) {
-        return row.element == element && row.name == attribute;
-    };
-    const auto row = std::find_if(std::begin(elementAttributes), std::end(elementAttributes), isMeant);
-    return row == std::end(elementAttributes) ? ValueKind::Text : row->kind;
-}
 
 /// The nearest element around another one that has the name of a third, which is around it as well.
 XmlElement nearestLike(const XmlElement &container, const XmlElement &element)
@@ -86,42 +63,43 @@ private:
     void takeDefault(const QString &viewName, ColumnModel &column);
     void readLegends();
 
-    XmlElement first(const XmlElement &element, ElementName name) { return element.first(textOf(name)); }
+    XmlElement first(const XmlElement &element, CurrentElement name) { return element.first(nameOf(name)); }
 
     /// The value of an attribute, which is kept for the rules about values as well.
-    Value read(const XmlElement &element, ElementName elementName, QLatin1String attribute);
+    Value read(const XmlElement &element, CurrentValue value);
     /// The value alone.
-    static Value valueOf(const XmlElement &element, QLatin1String attribute);
-    Value readText(const XmlElement &element, QLatin1String name, ValueKind kind);
+    static Value valueOf(const XmlElement &element, CurrentValue value);
+    /// The text of an element, which is kept under the element's name.
+    Value readText(const XmlElement &element, CurrentValue value);
 
     const XmlTree &m_document;
     TemplateModel m_model;
     QHash<DefaultKey, int> m_defaults;
 };
 
-Value CurrentModelBuilder::valueOf(const XmlElement &element, QLatin1String attribute)
+Value CurrentModelBuilder::valueOf(const XmlElement &element, CurrentValue value)
 {
-    const XmlAttribute *found = element.attribute(attribute);
+    const XmlAttribute *found = element.attribute(attributeOf(value));
     return found ? Value{element.tree().valueOf(*found), found->at} : Value{QString(), element.at()};
 }
 
-Value CurrentModelBuilder::read(const XmlElement &element, ElementName elementName, QLatin1String attribute)
+Value CurrentModelBuilder::read(const XmlElement &element, CurrentValue value)
 {
-    const Value value = valueOf(element, attribute);
-    const ValueKind kind = kindOf(elementName, attribute);
-    if (value.isGiven() && kind != ValueKind::Text) {
-        m_model.values.push_back({value, attribute, kind});
+    const Value found = valueOf(element, value);
+    const ValueKind kind = rowOf(value).kind;
+    if (found.isGiven() && kind != ValueKind::Text) {
+        m_model.values.push_back({found, attributeOf(value), kind});
     }
-    return value;
+    return found;
 }
 
-Value CurrentModelBuilder::readText(const XmlElement &element, QLatin1String name, ValueKind kind)
+Value CurrentModelBuilder::readText(const XmlElement &element, CurrentValue value)
 {
-    const Value value{element.text(), element.textAt()};
-    if (value.isGiven()) {
-        m_model.values.push_back({value, name, kind});
+    const Value found{element.text(), element.textAt()};
+    if (found.isGiven()) {
+        m_model.values.push_back({found, nameOf(elementOf(value)), rowOf(value).kind});
     }
-    return value;
+    return found;
 }
 
 TemplateModel CurrentModelBuilder::build()
@@ -139,45 +117,42 @@ TemplateModel CurrentModelBuilder::build()
 void CurrentModelBuilder::readHeader()
 {
     HeaderModel &header = m_model.header;
-    const XmlElement identifier = m_document.first(textOf(ElementName::TemplateIdentifier));
+    const XmlElement identifier = m_document.first(nameOf(CurrentElement::TemplateIdentifier));
     header.at = identifier.isNull() ? m_document.root().at() : identifier.at();
-    header.uniqueId = read(identifier, ElementName::TemplateIdentifier, QLatin1String("Id"));
-    header.unitSystem = read(identifier, ElementName::TemplateIdentifier, QLatin1String("SystemOfUnits"));
-    header.key =
-        readText(m_document.first(textOf(ElementName::Name)), textOf(ElementName::Name), ValueKind::Exact);
+    header.uniqueId = read(identifier, CurrentValue::TemplateId);
+    header.unitSystem = read(identifier, CurrentValue::TemplateUnitSystem);
+    header.key = readText(m_document.first(nameOf(CurrentElement::Name)), CurrentValue::TemplateName);
 }
 
 void CurrentModelBuilder::readPresetsAndCatalogs()
 {
-    const XmlElement presets = m_document.first(textOf(ElementName::ClassificationColorPresets));
-    for (const auto &preset : presets.all(textOf(ElementName::ClassificationColorPreset))) {
-        read(preset, ElementName::ClassificationColorPreset, QLatin1String("Scope"));
-        read(preset, ElementName::ClassificationColorPreset, QLatin1String("Chapter"));
-        for (const auto &property : preset.all(textOf(ElementName::PresetProperty))) {
-            read(property, ElementName::PresetProperty, QLatin1String("PropertyName"));
+    const XmlElement presets = m_document.first(nameOf(CurrentElement::ClassificationColorPresets));
+    for (const auto &preset : presets.all(nameOf(CurrentElement::ClassificationColorPreset))) {
+        read(preset, CurrentValue::PresetScope);
+        read(preset, CurrentValue::PresetChapter);
+        for (const auto &property : preset.all(nameOf(CurrentElement::PresetProperty))) {
+            read(property, CurrentValue::PresetField);
         }
     }
-    const XmlElement assigned = m_document.first(textOf(ElementName::AssignedCatalogs));
-    for (const auto &catalog : assigned.all(textOf(ElementName::Catalog))) {
-        read(catalog, ElementName::Catalog, QLatin1String("Id"));
+    const XmlElement assigned = m_document.first(nameOf(CurrentElement::AssignedCatalogs));
+    for (const auto &catalog : assigned.all(nameOf(CurrentElement::Catalog))) {
+        read(catalog, CurrentValue::CatalogId);
     }
 }
 
 void CurrentModelBuilder::readLists()
 {
     ListsByName lists;
-    for (const auto &element : m_document.all(textOf(ElementName::ValueList))) {
-        const Value name = read(element, ElementName::ValueList, QLatin1String("Name"));
-        const Value classType =
-            read(element, ElementName::ValueList, QLatin1String("CompatibleListClassType"));
+    for (const auto &element : m_document.all(nameOf(CurrentElement::ValueList))) {
+        const Value name = read(element, CurrentValue::ListName);
+        const Value classType = read(element, CurrentValue::ListClass);
         m_model.listDeclarations.push_back({element.at(), name, classType.text.toInt()});
-        for (const auto &itemElement : element.all(textOf(ElementName::ValueListItem))) {
+        for (const auto &itemElement : element.all(nameOf(CurrentElement::ValueListItem))) {
             ListItemModel item;
             item.at = itemElement.at();
-            item.item = read(itemElement, ElementName::ValueListItem, QLatin1String("Key"));
-            item.internalValue = valueOf(itemElement, QLatin1String("InternalKey"));
-            item.sortOrder =
-                read(itemElement, ElementName::ValueListItem, QLatin1String("OrdinalIndex")).text.toInt();
+            item.item = read(itemElement, CurrentValue::ItemKey);
+            item.internalValue = valueOf(itemElement, CurrentValue::ItemInternalKey);
+            item.sortOrder = read(itemElement, CurrentValue::ItemOrdinal).text.toInt();
             ListModel &list = lists[name.text];
             if (list.items.empty()) {
                 list.name = name.text;
@@ -192,24 +167,23 @@ void CurrentModelBuilder::readLists()
 
 void CurrentModelBuilder::readDefaults()
 {
-    const XmlElement container = m_document.first(textOf(ElementName::DefaultValues));
-    for (const auto &scope : container.all(textOf(ElementName::DefaultValueScope))) {
-        for (const auto &element : scope.all(textOf(ElementName::DefaultValueItem))) {
+    const XmlElement container = m_document.first(nameOf(CurrentElement::DefaultValues));
+    for (const auto &scope : container.all(nameOf(CurrentElement::DefaultValueScope))) {
+        for (const auto &element : scope.all(nameOf(CurrentElement::DefaultValueItem))) {
             // One in a scope within this one is read again, behind these: it counts there.
             if (!(nearestLike(scope, element) == scope)) {
                 continue;
             }
             DefaultModel item;
             item.at = element.at();
-            item.view = read(element, ElementName::DefaultValueItem, QLatin1String("View"));
-            item.value = read(element, ElementName::DefaultValueItem, QLatin1String("Value"));
-            const XmlElement bound = first(element, ElementName::BoundProperty);
-            const XmlElement reference = first(bound, ElementName::RefersTo);
-            item.path = read(bound, ElementName::BoundProperty, QLatin1String("PropertyName")).text;
-            const QString display =
-                read(reference, ElementName::RefersTo, QLatin1String("DisplayPropertyName")).text;
-            if (!reference.isNull() && !display.endsWith(QLatin1String("_Key"))) {
-                item.path += QLatin1Char('.') + display;
+            item.view = read(element, CurrentValue::DefaultView);
+            item.value = read(element, CurrentValue::DefaultText);
+            const XmlElement bound = first(element, CurrentElement::BoundProperty);
+            const XmlElement reference = first(bound, CurrentElement::RefersTo);
+            item.path = read(bound, CurrentValue::DefaultProperty).text;
+            const QString display = read(reference, CurrentValue::DefaultShownProperty).text;
+            if (!reference.isNull() && !isKeyProperty(display)) {
+                item.path = shownPath(item.path, display);
             }
             const DefaultKey key{item.path, item.view.text};
             const auto earlier = m_defaults.constFind(key);
@@ -226,14 +200,14 @@ void CurrentModelBuilder::readDefaults()
 
 void CurrentModelBuilder::readViews()
 {
-    const auto elements = m_document.all(textOf(ElementName::View));
+    const auto elements = m_document.all(nameOf(CurrentElement::View));
     QHash<QString, int> byId;
     for (const auto &element : elements) {
         ViewModel view;
         view.at = element.at();
-        view.id = read(element, ElementName::View, QLatin1String("Id"));
-        view.key = read(element, ElementName::View, QLatin1String("Name"));
-        read(element, ElementName::View, QLatin1String("Kind"));
+        view.id = read(element, CurrentValue::ViewId);
+        view.key = read(element, CurrentValue::ViewName);
+        read(element, CurrentValue::ViewKind);
         const int number = static_cast<int>(m_model.views.size());
         const auto earlier = byId.constFind(view.id.text);
         if (earlier != byId.cend()) {
@@ -251,19 +225,18 @@ void CurrentModelBuilder::readViews()
 
 void CurrentModelBuilder::readColumns(const XmlElement &element, int view)
 {
-    const bool isDetailView = valueOf(element, QLatin1String("Kind")).text == QLatin1String("Detail");
+    const bool isDetailView = valueOf(element, CurrentValue::ViewKind).text == CurrentWords::detailKind;
     const QString viewName = m_model.views[static_cast<std::size_t>(view)].key.text;
-    for (const auto &columnElement : element.all(textOf(ElementName::Column))) {
+    for (const auto &columnElement : element.all(nameOf(CurrentElement::Column))) {
         const std::size_t valuesBefore = m_model.values.size();
         ColumnModel column = columnOf(columnElement);
         column.view = view;
         bind(columnElement, isDetailView, column);
         takeDefault(viewName, column);
-        const QString key = column.path + QLatin1Char('_') + column.table;
-        column.isExcluded = std::any_of(std::begin(excludedColumnKeys), std::end(excludedColumnKeys),
-                                        [&key](const QLatin1String &excluded) { return key == excluded; });
+        column.isExcluded = isExcluded(column.path, column.table);
         applyFixedValues(column);
-        keepNumbersOf(column, QStringLiteral("From"), QStringLiteral("To"), QStringLiteral("Step"),
+        keepNumbersOf(column, attributeOf(CurrentValue::ColumnMinimum),
+                      attributeOf(CurrentValue::ColumnMaximum), attributeOf(CurrentValue::ColumnStep),
                       m_model.values);
         if (!column.isBuilt()) {
             m_model.values.resize(valuesBefore); // nobody gets them
@@ -276,29 +249,25 @@ ColumnModel CurrentModelBuilder::columnOf(const XmlElement &element)
 {
     ColumnModel column;
     column.at = element.at();
-    const auto attribute = [&](const char *name) {
-        return read(element, ElementName::Column, QLatin1String(name));
-    };
-    column.dataType = attribute("DataType");
-    column.controlType = attribute("ControlType");
-    attribute("Width");
-    column.sortOrder = attribute("Ordinal");
-    column.valueTransfer = attribute("ValueTransfer");
+    column.dataType = read(element, CurrentValue::ColumnDataType);
+    column.controlType = read(element, CurrentValue::ColumnControlType);
+    read(element, CurrentValue::ColumnWidth);
+    column.sortOrder = read(element, CurrentValue::ColumnOrdinal);
+    column.valueTransfer = read(element, CurrentValue::ColumnValueTransfer);
     column.order = column.sortOrder.text.toInt();
-    if (const auto *type = rowOf(dataTypeNames, column.dataType.text)) {
+    if (const auto *type = rowOfName(dataTypeNames, column.dataType.text)) {
         const QString code = type->code;
         column.type = CTemplateDataConverter::stringToColumnType(QStringRef(&code));
     }
-    if (const auto *control = rowOf(controlTypeNames, column.controlType.text)) {
+    if (const auto *control = rowOfName(controlTypeNames, column.controlType.text)) {
         column.control = control->controlType;
     }
-    const XmlElement caption = first(first(element, ElementName::Caption), ElementName::TextItem);
+    const XmlElement caption = first(first(element, CurrentElement::Caption), CurrentElement::TextItem);
     column.caption = {caption.text(), caption.textAt()};
-    column.listName = readText(first(element, ElementName::ValueListName), textOf(ElementName::ValueListName),
-                               ValueKind::Exact);
+    column.listName = readText(first(element, CurrentElement::ValueListName), CurrentValue::ColumnListName);
     column.displayFormat =
-        valueOf(first(first(element, ElementName::DisplayFormat), ElementName::ValueFormatItem),
-                QLatin1String("Format"));
+        valueOf(first(first(element, CurrentElement::DisplayFormat), CurrentElement::ValueFormatItem),
+                CurrentValue::ColumnDisplayFormat);
     readRestrictions(element, column);
     readVisibility(element, column);
     return column;
@@ -306,43 +275,42 @@ ColumnModel CurrentModelBuilder::columnOf(const XmlElement &element)
 
 void CurrentModelBuilder::readRestrictions(const XmlElement &element, ColumnModel &column)
 {
-    column.mandatoryAt = first(element, ElementName::MandatoryRestriction).at();
+    column.mandatoryAt = first(element, CurrentElement::MandatoryRestriction).at();
     column.isMandatory = column.mandatoryAt >= 0;
-    column.readOnlyAt = first(element, ElementName::ReadOnlyRestriction).at();
+    column.readOnlyAt = first(element, CurrentElement::ReadOnlyRestriction).at();
     column.isReadOnly = column.readOnlyAt >= 0;
-    column.isVirtual = !first(element, ElementName::VirtualRestriction).isNull();
+    column.isVirtual = !first(element, CurrentElement::VirtualRestriction).isNull();
 
-    const XmlElement length = first(element, ElementName::TextLengthRestriction);
-    column.length = column.type == CTemplateColumn::Text
-                        ? read(length, ElementName::TextLengthRestriction, QLatin1String("Max"))
-                        : valueOf(length, QLatin1String("Max"));
+    const XmlElement length = first(element, CurrentElement::TextLengthRestriction);
+    column.length = column.type == CTemplateColumn::Text ? read(length, CurrentValue::ColumnMaximumLength)
+                                                         : valueOf(length, CurrentValue::ColumnMaximumLength);
     column.maximumLength = toSaturatedInt(column.length.text.toDouble());
 
-    const XmlElement range = first(element, ElementName::NumericRangeRestriction);
+    const XmlElement range = first(element, CurrentElement::NumericRangeRestriction);
     const CColumnData initial;
     const auto limit = [](const Value &value, double absent) {
         return value.isGiven() ? value.text.toDouble() : absent;
     };
-    column.rangeFrom = valueOf(range, QLatin1String("From"));
-    column.rangeTo = valueOf(range, QLatin1String("To"));
-    column.step = valueOf(range, QLatin1String("Step"));
+    column.rangeFrom = valueOf(range, CurrentValue::ColumnMinimum);
+    column.rangeTo = valueOf(range, CurrentValue::ColumnMaximum);
+    column.step = valueOf(range, CurrentValue::ColumnStep);
     column.minimum = limit(column.rangeFrom, initial.minimumValue);
     column.maximum = limit(column.rangeTo, initial.maximumValue);
     if (column.type == CTemplateColumn::Decimal) {
-        read(range, ElementName::NumericRangeRestriction, QLatin1String("Precision"));
+        read(range, CurrentValue::ColumnPrecision);
     }
 }
 
 void CurrentModelBuilder::readVisibility(const XmlElement &element, ColumnModel &column)
 {
-    const XmlElement visibility = first(element, ElementName::VisibilityRestriction);
+    const XmlElement visibility = first(element, CurrentElement::VisibilityRestriction);
     column.visibilityAt = visibility.at();
     column.isVisible = !visibility.isNull();
-    const Value simple = read(visibility, ElementName::VisibilityRestriction, QLatin1String("Simple"));
-    if (simple.text != QLatin1String("false")) {
+    const Value simple = read(visibility, CurrentValue::ColumnIsVisibleEverywhere);
+    if (simple.text != CurrentWords::no) {
         return;
     }
-    const XmlElement levels = first(visibility, ElementName::GroupLevel);
+    const XmlElement levels = first(visibility, CurrentElement::GroupLevel);
     for (const XmlAttribute *level : levels.attributes()) {
         const Value value{m_document.valueOf(*level), level->at};
         m_model.values.push_back({value, m_document.nameOf(*level).toString(), ValueKind::Flag});
@@ -351,25 +319,24 @@ void CurrentModelBuilder::readVisibility(const XmlElement &element, ColumnModel 
 
 void CurrentModelBuilder::bind(const XmlElement &element, bool isDetailView, ColumnModel &column)
 {
-    const XmlElement bound = first(element, ElementName::BoundProperty);
-    column.boundColumn = read(bound, ElementName::BoundProperty, QLatin1String("PropertyName"));
-    column.tableName = read(bound, ElementName::BoundProperty, QLatin1String("ObjectName"));
+    const XmlElement bound = first(element, CurrentElement::BoundProperty);
+    column.boundColumn = read(bound, CurrentValue::ColumnProperty);
+    column.tableName = read(bound, CurrentValue::ColumnObject);
     column.boundColumn.at = bound.isNull() ? column.at : column.boundColumn.at;
     column.ownPath = column.boundColumn.text;
     column.path = column.ownPath;
     column.table = column.tableName.text;
 
-    const XmlElement reference = first(bound, ElementName::RefersTo);
+    const XmlElement reference = first(bound, CurrentElement::RefersTo);
     if (reference.isNull()) {
         return;
     }
-    const QString display = read(reference, ElementName::RefersTo, QLatin1String("DisplayPropertyName")).text;
-    const QString table = read(reference, ElementName::RefersTo, QLatin1String("ObjectName")).text;
-    const bool showsKey = display.endsWith(QLatin1String("_Key"));
-    column.showsKeyInDetail =
-        showsKey && isDetailView && column.isMandatory && column.path.endsWith(QLatin1String("_FK"));
+    const QString display = read(reference, CurrentValue::ColumnShownProperty).text;
+    const QString table = read(reference, CurrentValue::ColumnShownObject).text;
+    const bool showsKey = isKeyProperty(display);
+    column.showsKeyInDetail = showsKey && isDetailView && column.isMandatory && isForeignKey(column.path);
     if (!showsKey || column.showsKeyInDetail) {
-        column.path += QLatin1Char('.') + display;
+        column.path = shownPath(column.path, display);
         column.table = table;
     }
 }
@@ -387,20 +354,20 @@ void CurrentModelBuilder::takeDefault(const QString &viewName, ColumnModel &colu
 
 void CurrentModelBuilder::readLegends()
 {
-    const XmlElement container = m_document.first(textOf(ElementName::ClassificationColorScopes));
-    for (const auto &scope : container.all(textOf(ElementName::ClassificationColorScope))) {
-        const QString name = read(scope, ElementName::ClassificationColorScope, QLatin1String("Name")).text;
-        const QString kind = read(scope, ElementName::ClassificationColorScope, QLatin1String("Scope")).text;
-        const bool isSection = kind == QLatin1String("Section");
-        if (name != QLatin1String("ClassColorDefault") || (!isSection && kind != QLatin1String("Lateral"))) {
+    const XmlElement container = m_document.first(nameOf(CurrentElement::ClassificationColorScopes));
+    for (const auto &scope : container.all(nameOf(CurrentElement::ClassificationColorScope))) {
+        const QString name = read(scope, CurrentValue::ScopeScheme).text;
+        const QString kind = read(scope, CurrentValue::ScopeKind).text;
+        const bool isSection = kind == CurrentWords::sectionScope;
+        if (name != CurrentWords::defaultScheme || (!isSection && kind != CurrentWords::lateralScope)) {
             continue;
         }
-        for (const auto &element : scope.all(textOf(ElementName::ClassificationColor))) {
+        for (const auto &element : scope.all(nameOf(CurrentElement::ClassificationColor))) {
             BandModel band;
             band.at = element.at();
-            band.from = read(element, ElementName::ClassificationColor, QLatin1String("From"));
-            band.to = read(element, ElementName::ClassificationColor, QLatin1String("To"));
-            band.color = read(first(element, ElementName::Color), ElementName::Color, QLatin1String("Html"));
+            band.from = read(element, CurrentValue::LegendFrom);
+            band.to = read(element, CurrentValue::LegendTo);
+            band.color = read(first(element, CurrentElement::Color), CurrentValue::LegendColor);
             band.lower = band.from.text.toDouble();
             band.upper = band.to.text.toDouble();
             m_model.legends[isSection ? 0 : 1].push_back(band);

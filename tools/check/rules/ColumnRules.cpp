@@ -5,7 +5,7 @@
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Wording.h"
 
-#include "format_current/CurrentFormatTables_p.h"
+#include "format_current/CurrentFormat_p.h"
 #include "rawdata/ColumnTypeCodes_p.h"
 
 #include <QHash>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "format_current/CurrentFormatTables_p.h"
+#include "format_current/CurrentFormat_p.h"
 #include "model/CTemplateColumn.h"
 
 #include <QString>

@@ -45,7 +45,7 @@ private:
             return row.taken != Taken::FirstOfAll || element == m_document.first(row.part);
         }
         const auto isContainer = [&row](const XmlElement &around) { return around.hasName(row.container); };
-        return row.taken == Taken::Each || std::any_of(m_around.begin(), m_around.end(), isContainer);
+        return row.taken == Taken::Every || std::any_of(m_around.begin(), m_around.end(), isContainer);
     }
 
     const XmlTree &m_document;
@@ -55,66 +55,39 @@ private:
 
 } // namespace
 
-// clang-format off
+namespace {
 
-const std::vector<StructureRow> &currentStructure()
+/// The name of what a look-up looks in; none for the whole document.
+QLatin1String containerOf(CurrentLookup lookup)
 {
-    static const std::vector<StructureRow> rows = {
-    {QLatin1String(), QLatin1String("TemplateIdentifier"), Taken::First},
-    {QLatin1String(), QLatin1String("Name"), Taken::FirstOfAll},
-    {QLatin1String(), QLatin1String("Version"), Taken::FirstOfAll},
-    {QLatin1String("TemplateIdentifier"), QLatin1String("Name"), Taken::First},
-    {QLatin1String("TemplateIdentifier"), QLatin1String("Version"), Taken::First},
+    return lookup == CurrentLookup::Document ? QLatin1String() : nameOf(elementOf(lookup));
+}
 
-    {QLatin1String(), QLatin1String("ClassificationColorPresets"), Taken::First},
-    {QLatin1String("ClassificationColorPresets"), QLatin1String("ClassificationColorPreset"), Taken::Each},
-    {QLatin1String("ClassificationColorPreset"), QLatin1String("PresetProperty"), Taken::Each},
-
-    {QLatin1String(), QLatin1String("AssignedCatalogs"), Taken::First},
-    {QLatin1String("AssignedCatalogs"), QLatin1String("Catalog"), Taken::Each},
-
-    {QLatin1String(), QLatin1String("View"), Taken::Each},
-    {QLatin1String("View"), QLatin1String("Column"), Taken::Each},
-    {QLatin1String("Column"), QLatin1String("MandatoryRestriction"), Taken::FirstOfSeveral},
-    {QLatin1String("Column"), QLatin1String("BoundProperty"), Taken::First},
-    {QLatin1String("BoundProperty"), QLatin1String("RefersTo"), Taken::First},
-    {QLatin1String("Column"), QLatin1String("Caption"), Taken::First},
-    {QLatin1String("Caption"), QLatin1String("TextItem"), Taken::FirstOfSeveral},
-    {QLatin1String("Column"), QLatin1String("ToolTip"), Taken::First},
-    {QLatin1String("ToolTip"), QLatin1String("TextItem"), Taken::FirstOfSeveral},
-    {QLatin1String("Column"), QLatin1String("VisibilityRestriction"), Taken::First},
-    {QLatin1String("VisibilityRestriction"), QLatin1String("GroupLevel"), Taken::First},
-    {QLatin1String("Column"), QLatin1String("TextLengthRestriction"), Taken::First},
-    {QLatin1String("Column"), QLatin1String("NumericRangeRestriction"), Taken::First},
-    {QLatin1String("Column"), QLatin1String("ReadOnlyRestriction"), Taken::FirstOfSeveral},
-    {QLatin1String("Column"), QLatin1String("VirtualRestriction"), Taken::FirstOfSeveral},
-    {QLatin1String("Column"), QLatin1String("ValueListName"), Taken::First},
-    {QLatin1String("Column"), QLatin1String("DisplayFormat"), Taken::First},
-    {QLatin1String("DisplayFormat"), QLatin1String("ValueFormatItem"), Taken::FirstOfSeveral},
-
-    {QLatin1String(), QLatin1String("ValueList"), Taken::Each},
-    {QLatin1String("ValueList"), QLatin1String("ValueListItem"), Taken::Each},
-    {QLatin1String("ValueListItem"), QLatin1String("Captions"), Taken::First},
-    {QLatin1String("Captions"), QLatin1String("TextItem"), Taken::FirstOfSeveral},
-
-    {QLatin1String(), QLatin1String("DefaultValues"), Taken::First},
-    {QLatin1String("DefaultValues"), QLatin1String("DefaultValueScope"), Taken::Each},
-    {QLatin1String("DefaultValueScope"), QLatin1String("DefaultValueItem"), Taken::Each},
-    {QLatin1String("DefaultValueItem"), QLatin1String("BoundProperty"), Taken::First},
-
-    {QLatin1String(), QLatin1String("ClassificationColorScopes"), Taken::First},
-    {QLatin1String("ClassificationColorScopes"), QLatin1String("ClassificationColorScope"), Taken::Each},
-    {QLatin1String("ClassificationColorScope"), QLatin1String("ClassificationColor"), Taken::Each},
-    {QLatin1String("ClassificationColor"), QLatin1String("Color"), Taken::First},
-    {QLatin1String("ClassificationColor"), QLatin1String("TextA"), Taken::First},
-    {QLatin1String("TextA"), QLatin1String("TextItem"), Taken::FirstOfSeveral},
-    {QLatin1String("ClassificationColor"), QLatin1String("TextB"), Taken::First},
-    {QLatin1String("TextB"), QLatin1String("TextItem"), Taken::FirstOfSeveral},
-    };
+std::vector<StructureRow> makeStructure()
+{
+    std::vector<StructureRow> rows;
+    for (const auto &lookup : currentLookups) {
+        const auto isSame = [&](const StructureRow &row) {
+            return row.container == containerOf(lookup.below) && row.part == nameOf(lookup.element);
+        };
+        if (lookup.lookup != CurrentLookup::Document && std::none_of(rows.begin(), rows.end(), isSame)) {
+            rows.push_back({containerOf(lookup.below), nameOf(lookup.element), lookup.take});
+        }
+    }
+    // The first of the document is the template's, and that is expected in the identifier.
+    for (const auto element : {CurrentElement::Name, CurrentElement::Version}) {
+        rows.push_back({nameOf(CurrentElement::TemplateIdentifier), nameOf(element), Taken::First});
+    }
     return rows;
 }
 
-// clang-format on
+} // namespace
+
+const std::vector<StructureRow> &currentStructure()
+{
+    static const std::vector<StructureRow> rows = makeStructure();
+    return rows;
+}
 
 QStringList partsOf(const QString &container)
 {
@@ -140,10 +113,9 @@ QStringList containersOf(const QString &part)
 
 bool isTextElement(const XmlElement &element)
 {
-    constexpr QLatin1String textElements[] = {QLatin1String("Name"), QLatin1String("Version"),
-                                              QLatin1String("TextItem"), QLatin1String("ValueListName")};
-    return std::any_of(std::begin(textElements), std::end(textElements),
-                       [&element](QLatin1String name) { return element.hasName(name); });
+    return std::any_of(std::begin(currentValues), std::end(currentValues), [&element](const auto &row) {
+        return isText(row.value) && element.hasName(nameOf(elementOf(row.value)));
+    });
 }
 
 XmlElement nearestAround(const XmlElement &element, QLatin1String name)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "format_current/CurrentFormat_p.h"
 #include "xml/XmlTree_p.h"
 
 #include <QStringList>
@@ -9,12 +10,7 @@
 namespace Tobrix::Tools {
 
 /// Which elements of a name the host takes from a container.
-enum class Taken {
-    Each,
-    First,          ///< a second one is a mistake
-    FirstOfSeveral, ///< the others are for other languages, or say the same again
-    FirstOfAll      ///< the others are those of other elements
-};
+using Taken = Templates::CurrentTake;
 
 /// An element of the current format, and what the host looks for it in: at any depth.
 struct StructureRow

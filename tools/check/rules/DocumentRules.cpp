@@ -8,7 +8,7 @@
 #include "tools/check/rules/Wording.h"
 #include "tools/text/DisplayText.h"
 
-#include "format_current/CurrentFormatTables_p.h"
+#include "format_current/CurrentFormat_p.h"
 #include "format_legacy/LegacyFormat_p.h"
 
 #include "host/CCatalogTemplateRegistry.h"
@@ -26,13 +26,13 @@ namespace {
 
 /// Elements that only the current format has.
 constexpr QLatin1String currentMarks[] = {
-    QLatin1String("TemplateIdentifier"),
-    QLatin1String("View"),
-    QLatin1String("Column"),
-    QLatin1String("ValueList"),
-    QLatin1String("DefaultValues"),
-    QLatin1String("AssignedCatalogs"),
-    QLatin1String("ClassificationColorScopes"),
+    nameOf(CurrentElement::TemplateIdentifier),
+    nameOf(CurrentElement::View),
+    nameOf(CurrentElement::Column),
+    nameOf(CurrentElement::ValueList),
+    nameOf(CurrentElement::DefaultValues),
+    nameOf(CurrentElement::AssignedCatalogs),
+    nameOf(CurrentElement::ClassificationColorScopes),
 };
 
 template <typename Names>
@@ -45,7 +45,7 @@ bool hasAnyOf(const XmlTree &tree, const Names &names)
 void checkContainers(const XmlTree &tree, Findings &findings)
 {
     for (const auto &row : currentStructure()) {
-        if (row.taken != Taken::Each || row.container.isEmpty()) {
+        if (row.taken != Taken::Every || row.container.isEmpty()) {
             continue;
         }
         for (const auto &element : tree.all(row.part)) {
@@ -57,19 +57,6 @@ void checkContainers(const XmlTree &tree, Findings &findings)
             }
         }
     }
-}
-
-/// What the parser says, and what it leaves to guess: what a file ends within that ends too early.
-QString explanationOf(const CheckedFile &file)
-{
-    const QString explanation = printable(file.verdict().explanation);
-    const XmlUnfinished &unfinished = file.tree().unfinished();
-    if (file.faultAt() < file.source().size() || unfinished.isNull()) {
-        return explanation;
-    }
-    return QStringLiteral("%1 within %2 of line %3")
-        .arg(explanation, unfinished.words)
-        .arg(file.lineOf(unfinished.at));
 }
 
 QString effectOfMalformation(const CheckedFile &file)
@@ -162,12 +149,10 @@ bool hasUnknownRoot(const CheckedFile &file)
 
 void checkWellFormed(const CheckedFile &file, Findings &findings)
 {
-    if (file.verdict().isWellFormed || !file.excess().isEmpty()) {
-        return;
+    if (!file.malformation().isEmpty()) {
+        findings.add(file.faultAt(), QStringLiteral("not well-formed, %1: %2")
+                                         .arg(printable(file.malformation()), effectOfMalformation(file)));
     }
-    findings.add(
-        file.faultAt(),
-        QStringLiteral("not well-formed, %1: %2").arg(explanationOf(file), effectOfMalformation(file)));
 }
 
 void checkLimits(const CheckedFile &file, Findings &findings)
@@ -300,8 +285,8 @@ void checkKeys(const CheckedFile &file, Findings &findings)
 {
     const TemplateModel &model = file.model();
     if (isMissing(model.header.key)) {
-        const QString element = file.isCurrent() ? QStringLiteral("Name")
-                                                 : QString(headerFields[Tokens::TPL_Key - 1].row.element);
+        const QString element =
+            file.isCurrent() ? nameOf(CurrentElement::Name) : headerFields[Tokens::TPL_Key - 1].row.element;
         findings.add(placeOfMissing(model.header.key, model.header.at),
                      QStringLiteral("the template has no key (%1)%2: the host shows none")
                          .arg(element, butWhiteSpace(model.header.key)));
@@ -349,9 +334,9 @@ void checkType(const CheckedFile &file, Findings &findings)
 
 void checkFirstElements(const CheckedFile &file, Findings &findings)
 {
-    const XmlElement identifier = file.tree().first(QLatin1String("TemplateIdentifier"));
-    for (const auto name : {ElementName::Name, ElementName::Version}) {
-        const auto elements = file.tree().all(elementNames[static_cast<std::size_t>(name)].text);
+    const XmlElement identifier = file.tree().first(nameOf(CurrentElement::TemplateIdentifier));
+    for (const auto name : {CurrentElement::Name, CurrentElement::Version}) {
+        const auto elements = file.tree().all(nameOf(name));
         if (!elements.empty()) {
             checkFirstElement(file, elements, identifier, findings);
         }

@@ -2,6 +2,8 @@
 #include "tools/check/rules/ColumnRules.h"
 #include "tools/check/rules/Rule.h"
 
+#include "format_current/CurrentRules_p.h"
+
 #include <algorithm>
 
 namespace Tobrix::Tools {
@@ -10,19 +12,11 @@ using namespace Templates;
 
 namespace {
 
-/// Whether an attribute's name has the digit of a level where it is looked for.
-bool namesLevel(QStringView name)
-{
-    constexpr int digitPosition = 5;
-    return name.size() > digitPosition && name.at(digitPosition) >= QLatin1Char('1') &&
-           name.at(digitPosition) <= QLatin1Char('9');
-}
-
 bool hasLevelThatIsSet(const XmlElement &levels)
 {
     const auto attributes = levels.attributes();
     return std::any_of(attributes.begin(), attributes.end(), [&levels](const XmlAttribute *attribute) {
-        return levels.tree().valueOf(*attribute) == QLatin1String("true");
+        return levels.tree().valueOf(*attribute) == CurrentWords::yes;
     });
 }
 
@@ -30,7 +24,7 @@ void checkLevels(const XmlElement &levels, Findings &findings)
 {
     for (const XmlAttribute *attribute : levels.attributes()) {
         const QStringView name = levels.tree().nameOf(*attribute);
-        if (!namesLevel(name)) {
+        if (levelOfName(name) == 0) {
             findings.add(attribute->at,
                          QStringLiteral("%1 names no group level and is ignored: the sixth character "
                                         "has to be a digit from 1 to 9, as in Level1")
@@ -42,18 +36,18 @@ void checkLevels(const XmlElement &levels, Findings &findings)
 /// Whether somebody has written a word that says that the levels do not count.
 bool saysSimple(const XmlElement &restriction)
 {
-    const XmlAttribute *simple = restriction.attribute(QLatin1String("Simple"));
+    const XmlAttribute *simple = restriction.attribute(attributeOf(CurrentValue::ColumnIsVisibleEverywhere));
     const QString value = simple ? restriction.tree().valueOf(*simple) : QString();
-    return value.isEmpty() || value == QLatin1String("true");
+    return value.isEmpty() || value == CurrentWords::yes;
 }
 
 } // namespace
 
 void checkGroupLevels(const CheckedFile &file, Findings &findings)
 {
-    const QLatin1String groupLevel("GroupLevel");
-    for (const auto &column : file.tree().all(QLatin1String("Column"))) {
-        const XmlElement restriction = column.first(QLatin1String("VisibilityRestriction"));
+    constexpr QLatin1String groupLevel = nameOf(CurrentElement::GroupLevel);
+    for (const auto &column : file.tree().all(nameOf(CurrentElement::Column))) {
+        const XmlElement restriction = column.first(nameOf(CurrentElement::VisibilityRestriction));
         for (const auto &levels : column.all(groupLevel)) {
             if (!restriction.contains(levels)) {
                 findings.add(levels.at(), QStringLiteral("group levels outside of the column's "

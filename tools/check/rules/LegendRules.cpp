@@ -6,6 +6,8 @@
 #include "tools/check/rules/Wording.h"
 #include "tools/text/DisplayText.h"
 
+#include "format_current/CurrentFormat_p.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -116,18 +118,18 @@ struct SectionPresets
 SectionPresets sectionPresets(const XmlTree &tree)
 {
     SectionPresets presets;
-    const auto valueOf = [](const XmlElement &preset, const char *name) {
-        return attributeOf(preset, QLatin1String(name)).text;
+    const auto valueOf = [](const XmlElement &preset, CurrentValue value) {
+        return attributeOf(preset, attributeOf(value)).text;
     };
-    const XmlElement container = tree.first(QLatin1String("ClassificationColorPresets"));
-    for (const auto &preset : container.all(QLatin1String("ClassificationColorPreset"))) {
-        if (valueOf(preset, "Scope") != QLatin1String("Section")) {
+    const XmlElement container = tree.first(nameOf(CurrentElement::ClassificationColorPresets));
+    for (const auto &preset : container.all(nameOf(CurrentElement::ClassificationColorPreset))) {
+        if (valueOf(preset, CurrentValue::PresetScope) != CurrentWords::sectionScope) {
             continue;
         }
         presets.first = presets.first.isNull() ? preset : presets.first;
-        const QString name = valueOf(preset, "ClassificationColorName");
+        const QString name = valueOf(preset, CurrentValue::PresetClassName);
         presets.name = name.isNull() ? presets.name : name;
-        if (valueOf(preset, "Chapter") == QLatin1String("Color")) {
+        if (valueOf(preset, CurrentValue::PresetChapter) == CurrentWords::colorChapter) {
             presets.chosen = preset;
         }
         if (!presets.name.isEmpty() && !presets.chosen.isNull()) {
@@ -140,10 +142,10 @@ SectionPresets sectionPresets(const XmlTree &tree)
 /// Finds presets that seem to be for sections where none is.
 void checkPresetScopes(const XmlTree &tree, Findings &findings)
 {
-    const QString taken = QStringLiteral("Section");
-    const XmlElement container = tree.first(QLatin1String("ClassificationColorPresets"));
-    for (const auto &preset : container.all(QLatin1String("ClassificationColorPreset"))) {
-        const Value scope = attributeOf(preset, QLatin1String("Scope"));
+    const QString taken = CurrentWords::sectionScope;
+    const XmlElement container = tree.first(nameOf(CurrentElement::ClassificationColorPresets));
+    for (const auto &preset : container.all(nameOf(CurrentElement::ClassificationColorPreset))) {
+        const Value scope = attributeOf(preset, attributeOf(CurrentValue::PresetScope));
         const QString nearest = nearestOf(scope.text, {taken});
         if (!nearest.isEmpty() && scope.text != taken && !scope.isPadded()) {
             findings.add(
@@ -159,12 +161,14 @@ void checkPresetScopes(const XmlTree &tree, Findings &findings)
 
 void checkLegendScopes(const CheckedFile &file, Findings &findings)
 {
-    const XmlElement container = file.tree().first(QLatin1String("ClassificationColorScopes"));
-    for (const auto &scope : container.all(QLatin1String("ClassificationColorScope"))) {
-        const bool isDefault = checkScope(scope, QLatin1String("Name"), {QStringLiteral("ClassColorDefault")},
-                                          QStringLiteral("its classes are not read"), findings);
+    const XmlElement container = file.tree().first(nameOf(CurrentElement::ClassificationColorScopes));
+    for (const auto &scope : container.all(nameOf(CurrentElement::ClassificationColorScope))) {
+        const bool isDefault =
+            checkScope(scope, attributeOf(CurrentValue::ScopeScheme), {CurrentWords::defaultScheme},
+                       QStringLiteral("its classes are not read"), findings);
         if (isDefault) {
-            checkScope(scope, QLatin1String("Scope"), {QStringLiteral("Section"), QStringLiteral("Lateral")},
+            checkScope(scope, attributeOf(CurrentValue::ScopeKind),
+                       {CurrentWords::sectionScope, CurrentWords::lateralScope},
                        QStringLiteral("its classes are dropped"), findings);
         }
     }
@@ -238,11 +242,11 @@ void checkPresets(const CheckedFile &file, Findings &findings)
                                     "template has no class name to start with"));
     }
     if (presets.chosen.isNull()) {
-        const Value chapter = attributeOf(presets.first, QLatin1String("Chapter"));
+        const Value chapter = attributeOf(presets.first, attributeOf(CurrentValue::PresetChapter));
         findings.add(chapter.at, QStringLiteral("no preset for sections has the Chapter \"Color\": the "
                                                 "template has no colour fields to start with%1")
-                                     .arg(suggestion(nearestOf(chapter.text, {QStringLiteral("Color")}))));
-    } else if (presets.chosen.all(QLatin1String("PresetProperty")).empty()) {
+                                     .arg(suggestion(nearestOf(chapter.text, {CurrentWords::colorChapter}))));
+    } else if (presets.chosen.all(nameOf(CurrentElement::PresetProperty)).empty()) {
         findings.add(presets.chosen.at(),
                      QStringLiteral("the preset for sections names no <PresetProperty>: the "
                                     "template has no colour fields to start with"));

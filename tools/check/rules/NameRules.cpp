@@ -76,8 +76,8 @@ private:
     void checkMisplaced(const XmlElement &element)
     {
         // Names and versions may be those of anything; group levels have a rule of their own.
-        constexpr QLatin1String others[] = {QLatin1String("Name"), QLatin1String("Version"),
-                                            QLatin1String("GroupLevel")};
+        constexpr QLatin1String others[] = {nameOf(CurrentElement::Name), nameOf(CurrentElement::Version),
+                                            nameOf(CurrentElement::GroupLevel)};
         const QString name = element.name();
         if (std::none_of(std::begin(others), std::end(others),
                          [&name](QLatin1String other) { return name == other; })) {
@@ -185,7 +185,7 @@ bool isOfOthers(const QString &attribute)
 /// and texts in several languages.
 bool hasAttributesOfItsOwn(const QString &element)
 {
-    return element == QLatin1String("GroupLevel") || element == QLatin1String("TextItem");
+    return element == nameOf(CurrentElement::GroupLevel) || element == nameOf(CurrentElement::TextItem);
 }
 
 /// What may stand in an element: the attributes that the host reads, and the elements within.
@@ -253,16 +253,17 @@ struct Nesting
 };
 
 constexpr Nesting nestings[] = {
-    {QLatin1String("View"), QLatin1String("the outer view gets its columns as well")},
-    {QLatin1String("Column"), QLatin1String("the outer column takes from it what it does not have itself")},
-    {QLatin1String("ValueList"), QLatin1String("its items are in the outer list as well")},
-    {QLatin1String("ValueListItem"), QLatin1String()},
-    {QLatin1String("DefaultValueScope"),
+    {nameOf(CurrentElement::View), QLatin1String("the outer view gets its columns as well")},
+    {nameOf(CurrentElement::Column),
+     QLatin1String("the outer column takes from it what it does not have itself")},
+    {nameOf(CurrentElement::ValueList), QLatin1String("its items are in the outer list as well")},
+    {nameOf(CurrentElement::ValueListItem), QLatin1String()},
+    {nameOf(CurrentElement::DefaultValueScope),
      QLatin1String("its items are read with those of the outer one, and again behind them")},
-    {QLatin1String("DefaultValueItem"), QLatin1String()},
-    {QLatin1String("ClassificationColorScope"),
+    {nameOf(CurrentElement::DefaultValueItem), QLatin1String()},
+    {nameOf(CurrentElement::ClassificationColorScope),
      QLatin1String("its classes are read for the outer one as well")},
-    {QLatin1String("ClassificationColor"), QLatin1String()},
+    {nameOf(CurrentElement::ClassificationColor), QLatin1String()},
 };
 
 /// Knows which parts the elements of one name take from others of it within them.

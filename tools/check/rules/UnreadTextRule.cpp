@@ -18,17 +18,14 @@ using namespace Templates;
 
 namespace {
 
-constexpr QLatin1String textItem("TextItem");
+constexpr QLatin1String textItem = nameOf(CurrentElement::TextItem);
 
-/// Elements that apply to a column by being there, whatever text they have.
-constexpr QLatin1String presences[] = {
-    QLatin1String("MandatoryRestriction"), QLatin1String("ReadOnlyRestriction"),
-    QLatin1String("VirtualRestriction"), QLatin1String("VisibilityRestriction")};
-
+/// Whether an element applies to a column by its presence, whatever text it has.
 bool isPresence(const XmlElement &element)
 {
-    return std::any_of(std::begin(presences), std::end(presences),
-                       [&element](QLatin1String name) { return element.hasName(name); });
+    return std::any_of(std::begin(currentValues), std::end(currentValues), [&element](const auto &row) {
+        return row.kind == ValueKind::Presence && element.hasName(nameOf(elementOf(row.value)));
+    });
 }
 
 /// Whether an element has its text in a TextItem.

@@ -5,6 +5,7 @@
 #include "tools/check/rules/Rule.h"
 #include "tools/check/rules/Wording.h"
 
+#include "format_current/CurrentFormat_p.h"
 #include "rawdata/SaturatedInt_p.h"
 
 #include <QSet>
@@ -27,7 +28,7 @@ bool isReal(ValueKind kind)
 /// Whether a number that is left blank means another one than a number that is left out.
 bool mattersWhenBlank(const ReadValue &read)
 {
-    return isReal(read.kind) || read.name.endsWith(QLatin1String("Precision"));
+    return isReal(read.kind) || read.name.endsWith(attributeOf(CurrentValue::ColumnPrecision));
 }
 
 bool convertsToInteger(const QString &text)
@@ -72,17 +73,22 @@ bool isFlagText(const QString &text)
     return text == QLatin1String("true") || text == QLatin1String("false") || text.trimmed().isEmpty();
 }
 
+/// Whether a flag does something where it is false.
+bool isInverted(const QString &name)
+{
+    return name == attributeOf(CurrentValue::ColumnIsVisibleEverywhere);
+}
+
 /// The spelling of a flag that does something. All other texts are like the other one.
 QLatin1String effectiveFlag(const QString &name)
 {
-    return name == QLatin1String("Simple") ? QLatin1String("false") : QLatin1String("true");
+    return isInverted(name) ? QLatin1String("false") : QLatin1String("true");
 }
 
 QLatin1String effectOfOtherFlag(const QString &name)
 {
-    return name == QLatin1String("Simple")
-               ? QLatin1String("it reads as \"true\", and group levels are ignored")
-               : QLatin1String("it reads as \"false\"");
+    return isInverted(name) ? QLatin1String("it reads as \"true\", and group levels are ignored")
+                            : QLatin1String("it reads as \"false\"");
 }
 
 constexpr QLatin1String spellingsOfTrue[] = {QLatin1String("true"), QLatin1String("1"), QLatin1String("yes"),
@@ -93,7 +99,7 @@ constexpr QLatin1String spellingsOfFalse[] = {QLatin1String("false"), QLatin1Str
 /// What people write who mean a flag to be what it is read as anyway.
 const auto &harmlessSpellings(const QString &name)
 {
-    return name == QLatin1String("Simple") ? spellingsOfTrue : spellingsOfFalse;
+    return isInverted(name) ? spellingsOfTrue : spellingsOfFalse;
 }
 
 template <typename Spellings>
@@ -136,7 +142,7 @@ QSet<int> placesOfJudgedBlanks(const TemplateModel &model)
 /// Names that rules of their own judge, which know what is lost with them.
 bool isJudgedElsewhere(const QString &name)
 {
-    return name == QLatin1String("DataType");
+    return name == attributeOf(CurrentValue::ColumnDataType);
 }
 
 /// Finds values that are nothing but white space, and are compared with others nonetheless.

@@ -1,6 +1,6 @@
 #include "tools/check/rules/Vocabulary.h"
 
-#include "format_current/CurrentFormatAttributes_p.h"
+#include "format_current/CurrentFormat_p.h"
 #include "format_legacy/LegacyFormat_p.h"
 
 #include <QMap>
@@ -34,8 +34,8 @@ const QStringList &currentElementNames()
 {
     static const QStringList names = [] {
         QStringList all;
-        for (const auto &row : elementNames) {
-            all.append(row.text);
+        for (const auto &row : currentElements) {
+            all.append(row.name);
         }
         return all;
     }();
@@ -51,9 +51,11 @@ bool isCurrentElement(const XmlElement &element)
 QStringList currentAttributeNames(const QString &elementName)
 {
     QStringList names;
-    for (const auto &row : elementAttributes) {
-        if (elementName == elementNames[static_cast<std::size_t>(row.element)].text) {
-            names.append(row.name);
+    for (const auto &row : currentValues) {
+        const bool isOfLevel = row.rule == CurrentRule::LevelOfName; // one of nine
+        const bool isNew = !row.attribute.isEmpty() && !isOfLevel && !names.contains(row.attribute);
+        if (isNew && elementName == nameOf(elementOf(row.value))) {
+            names.append(row.attribute);
         }
     }
     return names;
