@@ -150,7 +150,7 @@ QStringRef XmlDocument::text(int node, QString &buffer) const
 {
     const Node &text = this->node(node);
     if (m_refusal != XmlRefusal::None) {
-        return QStringRef(&m_strings[text.at]);
+        return QStringRef(&m_texts, static_cast<int>(text.at), static_cast<int>(text.extent));
     }
     clear(buffer);
     const char *const begin = this->text() + text.at;
@@ -166,7 +166,8 @@ QStringRef XmlDocument::text(int node, QString &buffer) const
 QStringRef XmlDocument::value(const Attribute &attribute, QString &buffer) const
 {
     if (m_refusal != XmlRefusal::None) {
-        return QStringRef(&m_strings[attribute.valueAt]);
+        return QStringRef(&m_texts, static_cast<int>(attribute.valueAt),
+                          static_cast<int>(attribute.valueSize));
     }
     clear(buffer);
     const char *const begin = text() + attribute.valueAt;
@@ -180,9 +181,6 @@ QStringRef XmlDocument::value(const Attribute &attribute, QString &buffer) const
 
 QString XmlDocument::text(int node) const
 {
-    if (m_refusal != XmlRefusal::None) {
-        return m_strings[this->node(node).at];
-    }
     QString buffer;
     const QStringRef text = this->text(node, buffer);
     return QString(text.data(), text.size());
@@ -190,9 +188,6 @@ QString XmlDocument::text(int node) const
 
 QString XmlDocument::value(const Attribute &attribute) const
 {
-    if (m_refusal != XmlRefusal::None) {
-        return m_strings[attribute.valueAt];
-    }
     QString buffer;
     const QStringRef value = this->value(attribute, buffer);
     return QString(value.data(), value.size());

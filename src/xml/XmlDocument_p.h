@@ -56,7 +56,7 @@ public:
             Reference ///< to an entity that no declaration gives a text: ends a piece of text
         };
 
-        quint32 at = 0;             ///< of an element's "<", or of the first character of a piece of text
+        quint32 at = 0;             ///< of an element's "<", or of the first character of a text
         quint32 extent = 0;         ///< of an element: the node after its last descendant; else the size
         quint32 firstAttribute = 0; ///< of an element; of other nodes that of the next element
         quint32 name : 24;          ///< of an element: the number of its name
@@ -84,6 +84,7 @@ public:
     };
 
     /// Parses the bytes of a file. Limits of markup are those of XmlLimits_p.h.
+    /// @param bytes with a zero after the last one, as every QByteArray has that owns its data
     static XmlDocument parse(const QByteArray &bytes, XmlDialect dialect, XmlWay way = XmlWay::Automatic);
 
     /// A document without anything in it.
@@ -180,9 +181,9 @@ private:
     std::vector<Node> m_nodes; // and one after the last, for its first attribute
     std::vector<Attribute> m_attributes;
     std::vector<QString> m_names;
-    std::vector<QString> m_strings; // texts and values of a document that Qt's parser made
-    QByteArray m_encoding;          // of the file, when it is not UTF-8
-    int m_markSize = 0;             // bytes of the byte order mark
+    QString m_texts;       // all texts and values of a document that Qt's parser made
+    QByteArray m_encoding; // of the file, when it is not UTF-8
+    int m_markSize = 0;    // bytes of the byte order mark
     mutable std::unique_ptr<Places> m_places;
 };
 

@@ -32,6 +32,8 @@ Node::Kind kindOf(const QDomNode &node)
 void XmlQtParser::parse(const QByteArray &bytes)
 {
     m_document.m_bytes = bytes;
+    // An empty text is not null to any reader.
+    m_document.m_texts = QStringLiteral("");
     GuardedMarkup markup(bytes);
     if (m_document.m_dialect == XmlDialect::Dom) {
         parseDom(markup);
@@ -42,7 +44,7 @@ void XmlQtParser::parse(const QByteArray &bytes)
         m_document.m_nodes.clear();
         m_document.m_attributes.clear();
     }
-    add(Node::Text, QString());
+    add(Node::Text, QStringView());
 }
 
 void XmlQtParser::noteFault(const GuardedMarkup &markup, int line, int column, const QString &explanation)
@@ -117,7 +119,7 @@ void XmlQtParser::parseStream(GuardedMarkup &markup)
          token = xml.readNext()) {
         switch (token) {
         case QXmlStreamReader::StartElement:
-            open.push_back(begin(xml.name().toString()));
+            open.push_back(begin(xml.name()));
             addAttributes(xml.attributes());
             break;
         case QXmlStreamReader::EndElement:
@@ -126,17 +128,17 @@ void XmlQtParser::parseStream(GuardedMarkup &markup)
             break;
         case QXmlStreamReader::Characters:
             if (!open.empty()) {
-                add(xml.isCDATA() ? Node::CData : Node::Text, xml.text().toString());
+                add(xml.isCDATA() ? Node::CData : Node::Text, xml.text());
             }
             break;
         case QXmlStreamReader::Comment:
-            add(Node::Comment, xml.text().toString());
+            add(Node::Comment, xml.text());
             break;
         case QXmlStreamReader::ProcessingInstruction:
-            add(Node::Instruction, xml.processingInstructionData().toString());
+            add(Node::Instruction, xml.processingInstructionData());
             break;
         case QXmlStreamReader::EntityReference:
-            add(Node::Reference, xml.name().toString());
+            add(Node::Reference, xml.name());
             break;
         default:
             break;
@@ -149,7 +151,7 @@ void XmlQtParser::parseStream(GuardedMarkup &markup)
     noteFault(markup, xml.hasError() ? static_cast<int>(xml.lineNumber()) : 0, column, xml.errorString());
 }
 
-int XmlQtParser::begin(const QString &name)
+int XmlQtParser::begin(QStringView name)
 {
     const int element = static_cast<int>(m_document.m_nodes.size());
     Node node;
@@ -168,7 +170,7 @@ void XmlQtParser::end(int element, bool isClosed)
     node.flags = isClosed ? XmlDocument::Closed : 0;
 }
 
-void XmlQtParser::add(Node::Kind kind, const QString &text)
+void XmlQtParser::add(Node::Kind kind, QStringView text)
 {
     Node node;
     node.at = keep(text);
@@ -183,11 +185,11 @@ void XmlQtParser::add(Node::Kind kind, const QString &text)
 void XmlQtParser::addAttributes(const QXmlStreamAttributes &attributes)
 {
     for (const auto &attribute : attributes) {
-        addAttribute(attribute.qualifiedName().toString(), attribute.value().toString());
+        addAttribute(attribute.qualifiedName(), attribute.value());
     }
 }
 
-void XmlQtParser::addAttribute(const QString &name, const QString &value)
+void XmlQtParser::addAttribute(QStringView name, QStringView value)
 {
     XmlDocument::Attribute attribute;
     attribute.valueAt = keep(value);
@@ -197,24 +199,23 @@ void XmlQtParser::addAttribute(const QString &name, const QString &value)
     m_document.m_attributes.push_back(attribute);
 }
 
-quint32 XmlQtParser::numberOf(const QString &name)
+quint32 XmlQtParser::numberOf(QStringView name)
 {
-    const auto found = m_numbers.constFind(name);
-    if (found != m_numbers.cend()) {
-        return *found;
+    const auto found = m_numbers.find(name);
+    if (found != m_numbers.end()) {
+        return found->second;
     }
     const auto number = static_cast<quint32>(m_document.m_names.size());
-    m_numbers.insert(name, number);
-    m_document.m_names.push_back(name);
+    m_document.m_names.push_back(name.toString());
+    m_numbers.emplace(m_document.m_names.back(), number);
     return number;
 }
 
-quint32 XmlQtParser::keep(const QString &text)
+quint32 XmlQtParser::keep(QStringView text)
 {
-    // The parsers' own strings may share a large buffer. An empty text is not null to any reader.
-    m_document.m_strings.push_back(text.isEmpty() ? QStringLiteral("")
-                                                  : QString(text.constData(), text.size()));
-    return static_cast<quint32>(m_document.m_strings.size() - 1);
+    const int at = m_document.m_texts.size();
+    m_document.m_texts.append(text.data(), static_cast<int>(text.size()));
+    return static_cast<quint32>(at);
 }
 
 } // namespace Tobrix::Templates

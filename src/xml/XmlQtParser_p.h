@@ -2,7 +2,9 @@
 
 #include "xml/XmlDocument_p.h"
 
-#include <QHash>
+#include <QStringView>
+
+#include <map>
 
 class QDomNode;
 class QXmlStreamAttributes;
@@ -25,17 +27,18 @@ private:
     void parseStream(GuardedMarkup &markup);
     void noteFault(const GuardedMarkup &markup, int line, int column, const QString &explanation);
 
-    int begin(const QString &name);
-    void add(XmlDocument::Node::Kind kind, const QString &text);
-    void addAttribute(const QString &name, const QString &value);
+    int begin(QStringView name);
+    void add(XmlDocument::Node::Kind kind, QStringView text);
+    void addAttribute(QStringView name, QStringView value);
     void addDomNode(const QDomNode &node);
     void addAttributes(const QXmlStreamAttributes &attributes);
     void end(int element, bool isClosed);
-    quint32 numberOf(const QString &name);
-    quint32 keep(const QString &text);
+    quint32 numberOf(QStringView name);
+    quint32 keep(QStringView text);
 
     XmlDocument &m_document;
-    QHash<QString, quint32> m_numbers;
+    // Views of the document's names. Ordered: a file could choose names whose hashes collide.
+    std::map<QStringView, quint32> m_numbers;
 };
 
 } // namespace Tobrix::Templates

@@ -111,7 +111,7 @@ quint64 hashOf(const char *name, std::size_t size)
     return hash;
 }
 
-constexpr std::size_t slotCount = 2048;
+constexpr std::size_t slotCount = 1024;
 constexpr std::size_t mostNames = slotCount / 2;
 constexpr std::size_t longestName = 255;
 
@@ -191,11 +191,10 @@ bool XmlStrictParser::decode(const QByteArray &bytes)
     if (!parseDeclaration(at, encoding)) {
         return false;
     }
-    const QTextCodec *const codec = QTextCodec::codecForName(encoding);
-    constexpr int utf8 = 106;
-    if (encoding.isEmpty() || (codec && codec->mibEnum() == utf8)) {
+    if (encoding.isEmpty() || qstricmp(encoding.constData(), "UTF-8") == 0) {
         return requireCharacters();
     }
+    const QTextCodec *const codec = QTextCodec::codecForName(encoding);
     // Encodings of one byte a character, in which markup is ASCII.
     constexpr int singleByte[] = {4 /* ISO-8859-1 */, 111 /* ISO-8859-15 */, 2252 /* Windows-1252 */};
     const bool isKnown =
@@ -228,14 +227,19 @@ bool XmlStrictParser::decodeWith(const QByteArray &bytes, const QByteArray &enco
 
 bool XmlStrictParser::parseDeclaration(const char *&at, QByteArray &encoding)
 {
-    if (!startsWith(at, "<?xml") || !hasClass(at[5], Space)) {
+    if (!startsWith(at, "<?xml")) {
         return true;
+    }
+    if (!hasClass(at[5], Space)) {
+        // Another instruction whose target begins like that. Qt looks for an encoding in it all the same.
+        const char *const end = find(at, m_end, "?>", 2);
+        return end && find(at, end, "encoding", 8) ? reject(XmlRefusal::Declaration) : true;
     }
     const char *p = at + 5;
     // The value of a pseudo-attribute; empty when it is another one.
     const auto take = [&p](const char *name) {
         const char *q = skipSpace(p);
-        const std::size_t size = std::strlen(name);
+        const std::size_t size = qstrlen(name);
         if (q == p || std::strncmp(q, name, size) != 0 || q[size] != '=' ||
             (q[size + 1] != '"' && q[size + 1] != '\'')) {
             return QByteArray();
@@ -435,7 +439,7 @@ const char *XmlStrictParser::parseReference(const char *at)
     ++at;
     if (*at != '#') {
         for (const char *name : {"lt;", "gt;", "amp;", "quot;", "apos;"}) {
-            const std::size_t size = std::strlen(name);
+            const std::size_t size = qstrlen(name);
             if (std::strncmp(at, name, size) == 0) {
                 return at + size;
             }
@@ -623,7 +627,7 @@ bool XmlStrictParser::bindPrefix(const Name &name, const XmlDocument::Attribute 
     const char *const uri = m_begin + value.valueAt;
     const std::size_t uriSize = value.valueSize;
     const auto isUri = [&](const char *text) {
-        return uriSize == std::strlen(text) && std::memcmp(uri, text, uriSize) == 0;
+        return uriSize == qstrlen(text) && std::memcmp(uri, text, uriSize) == 0;
     };
     const Name prefix{name.local(), name.end, nullptr};
     const bool isReserved = name.colon && (prefix.is("xml", 3) || prefix.is("xmlns", 5) || uriSize == 0);
