@@ -42,6 +42,7 @@ public:
     /// The format that a file is read as: the current one when its path contains "templates_new/" (exactly
     /// so, anywhere), else the legacy one.
     /// @param path path of a file, which need not exist
+    /// @return the format
     static TemplateFormat formatOf(const QString &path);
 };
 

@@ -36,27 +36,32 @@ public:
     /// A report on nothing: NotRead.
     CTemplateReadingReport();
     /// A report with the same content.
+    /// @param other any report
     CTemplateReadingReport(const CTemplateReadingReport &other);
     /// Takes over the content of another report.
+    /// @param other any report
+    /// @return this report
     CTemplateReadingReport &operator=(const CTemplateReadingReport &other);
     /// Releases the content.
     ~CTemplateReadingReport();
 
-    /// What happened.
+    /// @return what happened
     Outcome outcome() const;
 
-    /// The format that the file was read as.
+    /// @return the format that the file was read as
     TemplateFormat format() const;
 
-    /// The line of the failure, from 1; 0 when it has no place in the file.
+    /// @return the line of the failure, from 1; 0 when it has no place in the file
     int line() const;
-    /// The column of the failure in its line, in characters from 1; 0 when it has no place in the file.
+    /// @return the column of the failure in its line, in characters from 1; 0 when it has no place in the
+    /// file
     int column() const;
 
-    /// What happened, as one sentence for people without full stop: the file as it was named, a colon, place
-    /// and reason. It may contain text of the file as it stands there, control characters included.
+    /// @return what happened, as one sentence for people without full stop: the file as it was named, a
+    /// colon,
+    ///         place and reason. It may contain text of the file as it is there, control characters included.
     QString message() const;
-    /// The message without the file.
+    /// @return the message without the file
     QString reason() const;
 
 private:

@@ -4,6 +4,7 @@
 #include "xml/XmlDecoding_p.h"
 #include "xml/XmlFaultWords_p.h"
 #include "xml/XmlFault_p.h"
+#include "xml/XmlLimits_p.h"
 #include "xml/XmlQtParser_p.h"
 #include "xml/XmlStrictParser_p.h"
 #include "xml/XmlTree_p.h"
@@ -232,7 +233,8 @@ const XmlDocument::Places &XmlDocument::places() const
         m_places = std::make_unique<Places>(QString::fromUtf8(text(), textSize()));
         return *m_places;
     }
-    m_places = std::make_unique<Places>(decodedXml(m_bytes));
+    // What is wrong with a file over this limit is at its beginning.
+    m_places = std::make_unique<Places>(m_bytes.size() > Limits::fileSize ? QString() : decodedXml(m_bytes));
     m_places->tree = std::make_unique<XmlTree>(m_places->source, m_dialect);
     const XmlTree &tree = *m_places->tree;
     std::vector<int> &elements = m_places->elements;

@@ -19,7 +19,7 @@ namespace {
 /// As much of standard input as shows that it is over the limit of files.
 QByteArray standardInputBytes()
 {
-    constexpr qint64 pieceSize = 64 * 1024;
+    constexpr int pieceSize = 64 * 1024;
     QFile input;
     QByteArray bytes;
     QByteArray piece;
