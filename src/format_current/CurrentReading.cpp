@@ -479,8 +479,9 @@ void CurrentReading::readLegends()
         begin(Lookup::ColorScope, scope);
         // Hosts show the default scheme alone.
         const bool isShown = m_markup.is(Value::ScopeScheme, scope, CurrentWords::defaultScheme);
-        const bool isLateral = isShown && m_markup.is(Value::ScopeKind, scope, CurrentWords::lateralScope);
-        if (!isLateral && !(isShown && m_markup.is(Value::ScopeKind, scope, CurrentWords::sectionScope))) {
+        const QString kind = isShown ? m_markup.text(Value::ScopeKind, scope) : QString();
+        const bool isLateral = kind == CurrentWords::lateralScope;
+        if (!isLateral && kind != CurrentWords::sectionScope) {
             passOver(scope, Reason::OtherScope);
             continue;
         }
