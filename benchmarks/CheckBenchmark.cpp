@@ -31,13 +31,13 @@ constexpr int rounds = 5;
 int columnsOfSize(Format format, int bytes)
 {
     constexpr int some = 400;
-    const int bytesOfSome = generateTemplate(format, Ids::Guid, some).size();
+    const int bytesOfSome = generateTemplate(format, Shape::Guid, some).size();
     return static_cast<int>(static_cast<qint64>(some) * bytes / bytesOfSome);
 }
 
 QStringList writeFiles(const QString &folder, Format format, int columns, int count)
 {
-    const QString first = writeGeneratedTemplate(folder, format, Ids::Guid, columns);
+    const QString first = writeGeneratedTemplate(folder, format, Shape::Guid, columns);
     QStringList files{first};
     for (int i = 1; i < count; ++i) {
         const QString file = QStringLiteral("%1/%2.xml").arg(QFileInfo(first).path()).arg(i);
@@ -78,7 +78,7 @@ void compare(const char *name, Format format, int count, int bytes)
         }));
         checkTimes.push_back(secondsOf([&] {
             findings = 0;
-            for (const auto &report : Tools::checkFiles(files, {}, [](int, int) {})) {
+            for (const auto &report : Tools::checkFiles(files, {}, {}, [](int, int) {})) {
                 findings += report.findings.size();
             }
         }));

@@ -10,7 +10,8 @@ namespace {
 constexpr int columnsPerView = 40;
 constexpr int columnsPerList = 20;
 constexpr int itemsPerList = 8;
-constexpr int legendBands = 6;
+constexpr int itemsPerLongList = 12;
+constexpr int legendClasses = 6;
 
 struct Kind
 {
@@ -56,10 +57,10 @@ bool hasRange(const Kind &kind)
     return qstrcmp(kind.code, "DEC") == 0 || qstrcmp(kind.code, "INT") == 0;
 }
 
-QByteArray id(Ids ids, char prefix, int index)
+QByteArray id(Shape shape, char prefix, int index)
 {
-    const QByteArray digits = number(index).rightJustified(ids == Ids::Short ? 6 : 12, '0');
-    if (ids == Ids::Short) {
+    const QByteArray digits = number(index).rightJustified(shape == Shape::Guid ? 12 : 6, '0');
+    if (shape != Shape::Guid) {
         return prefix + digits;
     }
     return "{" + QByteArray::number(prefix, 16).rightJustified(8, '0') + "-5d41-4e0b-9c3a-" + digits + "}";
@@ -83,23 +84,34 @@ QByteArray defaultOf(const Kind &kind)
     return qstrcmp(kind.code, "BOL") == 0 ? "true" : "12";
 }
 
+QByteArray prologOf(Shape shape, const QByteArray &root)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" +
+           (shape == Shape::DocumentType ? "<!DOCTYPE " + root + ">\n" : QByteArray());
+}
+
 class CurrentWriter
 {
 public:
-    explicit CurrentWriter(Ids ids) : m_ids(ids) {}
+    explicit CurrentWriter(Shape shape) : m_shape(shape) {}
 
     QByteArray write(int columns)
     {
-        m_out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Template>\n"
-                "  <TemplateIdentifier Id=\"BENCH\" Description=\"A generated standard\" "
-                "SystemOfUnits=\"Metric\">\n"
-                "    <Name>Bench</Name>\n    <Version>1.0</Version>\n  </TemplateIdentifier>\n";
+        m_out = prologOf(m_shape, "Template");
+        m_out += "<Template>\n"
+                 "  <TemplateIdentifier Id=\"BENCH\" Description=\"A generated standard\" "
+                 "SystemOfUnits=\"Metric\">\n"
+                 "    <Name>Bench</Name>\n    <Version>1.0</Version>\n  </TemplateIdentifier>\n";
+        beginGroup("Views");
         for (int first = 0; first < columns; first += columnsPerView) {
             writeView(first, qMin(columns, first + columnsPerView));
         }
+        endGroup("Views");
+        beginGroup("ValueLists");
         for (int first = 0; first < columns; first += columnsPerList) {
             writeList(first);
         }
+        endGroup("ValueLists");
         writeDefaults(columns);
         m_out += "  <ClassificationColorScopes>\n";
         writeLegend("Section");
@@ -109,14 +121,30 @@ public:
     }
 
 private:
+    void beginGroup(const char *name)
+    {
+        if (m_shape == Shape::Varied) {
+            m_out += QByteArray("  <") + name + ">\n";
+        }
+    }
+
+    void endGroup(const char *name)
+    {
+        if (m_shape == Shape::Varied) {
+            m_out += QByteArray("  </") + name + ">\n";
+        }
+    }
+
     void writeView(int first, int end)
     {
         const int view = first / columnsPerView;
-        m_out += "  <View Id=\"" + id(m_ids, 'V', view) + "\" Name=\"View" + number(view) +
+        m_out += "  <View Id=\"" + id(m_shape, 'V', view) + "\" Name=\"View" + number(view) +
                  "\" Description=\"A form\" Kind=\"Detail\">\n";
+        beginGroup("Columns");
         for (int column = first; column < end; ++column) {
             writeColumn(column, end - column);
         }
+        endGroup("Columns");
         m_out += "  </View>\n";
     }
 
@@ -164,7 +192,8 @@ private:
     void writeDefaults(int columns)
     {
         m_out += "  <DefaultValues>\n    <DefaultValueScope>\n";
-        for (int column = 0; column < columns; column += 5) {
+        const int step = m_shape == Shape::Varied ? 10 : 5;
+        for (int column = 0; column < columns; column += step) {
             m_out += "      <DefaultValueItem Value=\"" + defaultOf(kindOf(column)) + "\" View=\"View" +
                      number(column / columnsPerView) + "\">\n        <BoundProperty PropertyName=\"" +
                      property(column) + "\"/>\n      </DefaultValueItem>\n";
@@ -175,28 +204,28 @@ private:
     void writeLegend(const QByteArray &scope)
     {
         m_out += "    <ClassificationColorScope Name=\"ClassColorDefault\" Scope=\"" + scope + "\">\n";
-        for (int band = 0; band < legendBands; ++band) {
-            m_out += "      <ClassificationColor From=\"" + number(band) + "\" To=\"" + number(band + 1) +
+        for (int index = 0; index < legendClasses; ++index) {
+            m_out += "      <ClassificationColor From=\"" + number(index) + "\" To=\"" + number(index + 1) +
                      "\">\n        <Color Html=\"#00ff00\"/>\n        <TextA><TextItem>Class " +
-                     number(band) +
+                     number(index) +
                      "</TextItem></TextA>\n        <TextB><TextItem>Remark</TextItem></TextB>\n"
                      "      </ClassificationColor>\n";
         }
         m_out += "    </ClassificationColorScope>\n";
     }
 
-    const Ids m_ids;
+    const Shape m_shape;
     QByteArray m_out;
 };
 
 class LegacyWriter
 {
 public:
-    explicit LegacyWriter(Ids ids) : m_ids(ids) {}
+    explicit LegacyWriter(Shape shape) : m_shape(shape) {}
 
     QByteArray write(int columns)
     {
-        m_out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<TobrixTemplate>\n<TXSYS>\n";
+        m_out = prologOf(m_shape, "TobrixTemplate") + "<TobrixTemplate>\n<TXSYS>\n";
         section("SYSTPL", {{"TPL_PK", "BENCH"},
                            {"TPL_Key", "Bench"},
                            {"TPL_Description", "A generated standard"},
@@ -204,7 +233,7 @@ public:
                            {"TPL_Unit", "m"}});
         for (int first = 0; first < columns; first += columnsPerView) {
             const int view = first / columnsPerView;
-            section("PROGVIEW", {{"PV_PK", id(m_ids, 'V', view)},
+            section("PROGVIEW", {{"PV_PK", id(m_shape, 'V', view)},
                                  {"PV_Key", "View" + number(view)},
                                  {"PV_Description", "A form"}});
         }
@@ -218,7 +247,7 @@ public:
         writeLegend("Section");
         writeLegend("Lateral");
         m_out += "  </LegendOfClassification>\n</TXSYS>\n</TobrixTemplate>\n";
-        return m_out;
+        return m_shape == Shape::Varied ? m_out.replace("\n", "\r\n").replace("    ", "\t") : m_out;
     }
 
 private:
@@ -226,9 +255,23 @@ private:
 
     void section(const char *name, Elements elements)
     {
+        comment(name);
         m_out += QByteArray("  <") + name + ">\n";
         append(elements);
         m_out += QByteArray("  </") + name + ">\n";
+    }
+
+    void comment(const char *section)
+    {
+        if (m_shape == Shape::Varied) {
+            m_out += QByteArray("  <!-- ") + section + " -->\n";
+        }
+    }
+
+    QByteArray caption(int column) const
+    {
+        return m_shape == Shape::Varied ? "Größe &amp; Länge " + number(column)
+                                        : "Caption of " + number(column);
     }
 
     void append(Elements elements)
@@ -243,13 +286,14 @@ private:
         const Kind &kind = kindOf(column);
         const int first = column / columnsPerView * columnsPerView;
         const int ordinal = qMin(columns, first + columnsPerView) - column;
+        comment("SYSCOL");
         m_out += "  <SYSCOL>\n";
-        append({{"COL_PK", id(m_ids, 'C', column)},
+        append({{"COL_PK", id(m_shape, 'C', column)},
                 {"COL_Template_FK", "BENCH"},
-                {"COL_ProgView_FK", id(m_ids, 'V', column / columnsPerView)},
+                {"COL_ProgView_FK", id(m_shape, 'V', column / columnsPerView)},
                 {"COL_Bound_TableDir_REF", "TD" + tableOf(column)},
                 {"COL_Bound_Column", property(column)},
-                {"COL_Caption", "Caption of " + number(column)},
+                {"COL_Caption", caption(column)},
                 {"COL_ToolTip", "What " + number(column) + " is for"},
                 {"COL_GroupLevel", "1"},
                 {"COL_DataType", kind.code},
@@ -289,9 +333,10 @@ private:
 
     void writeList(int first)
     {
-        for (int item = 0; item < itemsPerList; ++item) {
+        const int items = m_shape == Shape::Varied ? itemsPerLongList : itemsPerList;
+        for (int item = 0; item < items; ++item) {
             const QByteArray index = number(item);
-            section("SYSLIST", {{"LIST_PK", id(m_ids, 'L', first / columnsPerList * itemsPerList + item)},
+            section("SYSLIST", {{"LIST_PK", id(m_shape, 'L', first / columnsPerList * items + item)},
                                 {"LIST_Name", listName(first)},
                                 {"LIST_Item", "K" + index},
                                 {"LIST_Caption", "Choice " + index},
@@ -303,36 +348,35 @@ private:
     void writeLegend(const QByteArray &group)
     {
         m_out += "    <" + group + ">\n";
-        for (int band = 0; band < legendBands; ++band) {
-            const QByteArray index = number(band);
-            m_out += "      <class id=\"" + index + "\" numberFrom=\"" + index + "\" numberTo=\"" +
-                     number(band + 1) + "\" color=\"#00ff00\">\n        <legendA>Class " + index +
+        for (int index = 0; index < legendClasses; ++index) {
+            const QByteArray lower = number(index);
+            m_out += "      <class id=\"" + lower + "\" numberFrom=\"" + lower + "\" numberTo=\"" +
+                     number(index + 1) + "\" color=\"#00ff00\">\n        <legendA>Class " + lower +
                      "</legendA>\n        <legendB>Remark</legendB>\n      </class>\n";
         }
         m_out += "    </" + group + ">\n";
     }
 
-    const Ids m_ids;
+    const Shape m_shape;
     QByteArray m_out;
 };
 
 } // namespace
 
-QByteArray generateTemplate(Format format, Ids ids, int columns)
+QByteArray generateTemplate(Format format, Shape shape, int columns)
 {
-    return format == Format::Current ? CurrentWriter(ids).write(columns) : LegacyWriter(ids).write(columns);
+    return format == Format::Current ? CurrentWriter(shape).write(columns)
+                                     : LegacyWriter(shape).write(columns);
 }
 
-QString writeGeneratedTemplate(const QString &folder, Format format, Ids ids, int columns)
+QString writeGeneratedTemplate(const QString &folder, Format format, Shape shape, int columns)
 {
     const QString subfolder =
         format == Format::Current ? QStringLiteral("templates_new") : QStringLiteral("templates");
     QDir(folder).mkpath(subfolder);
     QFile file(
-        QStringLiteral("%1/%2/%3-%4.xml")
-            .arg(folder, subfolder, ids == Ids::Short ? QStringLiteral("short") : QStringLiteral("guid"))
-            .arg(columns));
-    const QByteArray content = generateTemplate(format, ids, columns);
+        QStringLiteral("%1/%2/%3-%4.xml").arg(folder, subfolder).arg(static_cast<int>(shape)).arg(columns));
+    const QByteArray content = generateTemplate(format, shape, columns);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
         qFatal("Cannot write %s: %s", qPrintable(file.fileName()), qPrintable(file.errorString()));
     }

@@ -13,7 +13,7 @@ namespace Tobrix::Benchmarks {
 /// Loads a template as a host does. Ends the program when that fails.
 std::unique_ptr<Templates::CCatalogTemplate> load(const QString &fileName);
 
-/// What loading cannot do without: the bare parse that the format prescribes, with nothing made of it.
+/// The bare parse by the parser of Qt's that defines the format, with the document's deletion.
 void parseBare(const QString &fileName, Format format);
 
 } // namespace Tobrix::Benchmarks

@@ -55,7 +55,7 @@ void load(FileInFolder &file, const std::uint8_t *bytes, std::size_t size)
     file.write(bytes, size);
     const Tools::LoadedTemplate loaded = Tools::loadTemplate(file.path());
     Tools::templateJson(loaded);
-    Tools::problemOf(loaded);
+    loaded.report.message();
     if (loaded.catalogTemplate) {
         Tools::templateText(loaded, lineWidth);
     }

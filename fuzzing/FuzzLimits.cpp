@@ -1,10 +1,8 @@
 // Any bytes go through the guard into both of Qt's parsers. Whatever the parsers make of them must be within
 // the limits: a file that the guard understands in another way than a parser does would get past it.
 
-#include "fuzzing/FuzzInput.h"
-
+#include "xml/GuardedMarkup_p.h"
 #include "xml/XmlLimits_p.h"
-#include "xml/GuardedFile_p.h"
 
 #include <QDomDocument>
 #include <QXmlStreamReader>
@@ -36,7 +34,7 @@ void require(const char *parser, const char *what, int value, int limit)
 
 void requireWithinLimits(const char *parser, const Extent &extent)
 {
-    require(parser, "elements in each other", extent.depth, Limits::depth);
+    require(parser, "levels of nested elements", extent.depth, Limits::depth);
     require(parser, "attributes of an element", extent.attributesOfElement,
             Limits::attributesOfElement + Limits::defaultedAttributes);
     require(parser, "namespace declarations", extent.namespaceDeclarations, Limits::namespaceDeclarations);
@@ -87,13 +85,10 @@ Extent documentExtent(QIODevice &file)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
 {
-    const QString path = Tobrix::Fuzzing::fileOf(bytes, size);
-    GuardedFile file;
-    if (file.openTemplate(path)) {
-        requireWithinLimits("stream", streamedExtent(file));
-    }
-    if (file.openTemplate(path)) {
-        requireWithinLimits("document", documentExtent(file));
-    }
+    const QByteArray input(reinterpret_cast<const char *>(bytes), static_cast<int>(size));
+    GuardedMarkup forStream(input);
+    requireWithinLimits("stream", streamedExtent(forStream));
+    GuardedMarkup forDom(input);
+    requireWithinLimits("document", documentExtent(forDom));
     return 0;
 }

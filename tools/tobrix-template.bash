@@ -15,7 +15,7 @@ _tobrix_template() {
     local tool=$1 word=$2 previous=$3 command='' place
     for ((place = 1; place < COMP_CWORD; place++)); do
         case ${COMP_WORDS[place]} in
-            --host-config) ((place++)) ;;
+            --host-config | --as) ((place++)) ;;
             -*) ;;
             *) command=${COMP_WORDS[place]}; break ;;
         esac
@@ -24,6 +24,8 @@ _tobrix_template() {
     COMPREPLY=()
     if [[ $previous == --host-config ]]; then
         mapfile -t COMPREPLY < <(compgen -f -X '!*.json' -- "$word"; compgen -d -- "$word")
+    elif [[ $previous == --as ]]; then
+        mapfile -t COMPREPLY < <(compgen -W 'current legacy' -- "$word")
     elif [[ $word == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$(_tobrix_template_options "$tool" $command)" -- "$word")
     elif [[ -z $command ]]; then

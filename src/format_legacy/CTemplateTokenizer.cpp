@@ -1,6 +1,6 @@
 #include "format_legacy/CTemplateTokenizer.h"
 
-#include "format_legacy/LegacyVocabulary_p.h"
+#include "format_legacy/LegacyFormat_p.h"
 
 #include <QString>
 
@@ -10,33 +10,33 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-template <typename Token, std::size_t Size>
-std::array<QString, Size> namesOf(const LegacyElement<Token> (&elements)[Size])
+template <typename Row, std::size_t Size>
+std::array<QString, Size> namesOf(const Row (&rows)[Size])
 {
     std::array<QString, Size> names;
     for (std::size_t i = 0; i < Size; ++i) {
-        names[i] = elements[i].name;
+        names[i] = rows[i].row.element;
     }
     return names;
 }
 
-// The tokenizer's keys are views of these texts, so these must be there before it and stay behind it: they
-// stand above it in this file, and in no other.
-const auto templateNames = namesOf(templateElements);
-const auto templateInfoNames = namesOf(templateInfoElements);
-const auto programViewNames = namesOf(programViewElements);
-const auto columnNames = namesOf(columnElements);
-const auto listItemNames = namesOf(listItemElements);
-const auto legendNames = namesOf(legendElements);
+// The tokenizer's keys are views of these texts, so these must be created before it and destroyed after it:
+// they stand above it in this file, and in no other.
+const auto templateNames = namesOf(legacySections);
+const auto templateInfoNames = namesOf(headerFields);
+const auto programViewNames = namesOf(programViewFields);
+const auto columnNames = namesOf(columnFields);
+const auto listItemNames = namesOf(listItemFields);
+const auto legendNames = namesOf(legendFields);
 
-template <typename Token, std::size_t Size>
-std::unique_ptr<const QHash<QStringRef, Token>> makeTable(const LegacyElement<Token> (&elements)[Size],
-                                                          const std::array<QString, Size> &names)
+template <typename Row, std::size_t Size>
+auto makeTable(const Row (&rows)[Size], const std::array<QString, Size> &names)
 {
+    using Token = decltype(Row::token);
     auto table = std::make_unique<QHash<QStringRef, Token>>();
     table->reserve(static_cast<int>(Size));
     for (std::size_t i = 0; i < Size; ++i) {
-        table->insert(QStringRef(&names[i]), elements[i].token);
+        table->insert(QStringRef(&names[i]), rows[i].token);
     }
     return table;
 }
@@ -46,12 +46,12 @@ std::unique_ptr<const QHash<QStringRef, Token>> makeTable(const LegacyElement<To
 const CTemplateTokenizer CTemplateTokenizer::m_tokenizer;
 
 CTemplateTokenizer::CTemplateTokenizer()
-    : m_templateTokens(makeTable(templateElements, templateNames))
-    , m_templateInfoTokens(makeTable(templateInfoElements, templateInfoNames))
-    , m_programViewTokens(makeTable(programViewElements, programViewNames))
-    , m_columnTokens(makeTable(columnElements, columnNames))
-    , m_listItemTokens(makeTable(listItemElements, listItemNames))
-    , m_legendTokens(makeTable(legendElements, legendNames))
+    : m_templateTokens(makeTable(legacySections, templateNames))
+    , m_templateInfoTokens(makeTable(headerFields, templateInfoNames))
+    , m_programViewTokens(makeTable(programViewFields, programViewNames))
+    , m_columnTokens(makeTable(columnFields, columnNames))
+    , m_listItemTokens(makeTable(listItemFields, listItemNames))
+    , m_legendTokens(makeTable(legendFields, legendNames))
 {
 }
 

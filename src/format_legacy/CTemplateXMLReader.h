@@ -7,9 +7,6 @@
 
 namespace Tobrix::Templates {
 
-class LegacyXmlStream;
-class GuardedFile;
-
 /// Reads templates of the legacy format: a stream of sections (header, views, columns, list items, legends)
 /// below the containers "TobrixTemplate" and "TXSYS", in any order and number. Anything else is skipped with
 /// all that it holds.
@@ -31,18 +28,8 @@ public:
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:
-    TOBRIX_TEMPLATES_NO_EXPORT bool readSectionAtStartTag();
-
-    TOBRIX_TEMPLATES_NO_EXPORT bool readTemplate();
-    TOBRIX_TEMPLATES_NO_EXPORT bool readProgramView();
-    TOBRIX_TEMPLATES_NO_EXPORT bool readColumn();
-    TOBRIX_TEMPLATES_NO_EXPORT bool readListItem();
-    TOBRIX_TEMPLATES_NO_EXPORT bool readLegendItems() const;
-
-    CTemplateRawData *m_rawData = nullptr;
-    // The XML reader reads from the file, so it goes first when the members are destroyed.
-    const std::unique_ptr<GuardedFile> m_file;
-    const std::unique_ptr<LegacyXmlStream> m_xml;
+    struct TOBRIX_TEMPLATES_NO_EXPORT Private;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace Tobrix::Templates

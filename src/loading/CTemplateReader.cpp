@@ -1,75 +1,45 @@
 #include "loading/CTemplateReader.h"
 
-#include "format_current/NewTemplateXMLReader.h"
-#include "format_legacy/CTemplateXMLReader.h"
-#include "loading/AbstractTemplateXmlReader.h"
-#include "loading/CTemplateBuilder.h"
-#include "loading/TemplateLocation_p.h"
+#include "loading/TemplateLoading_p.h"
 #include "model/CCatalogTemplate.h"
-#include "rawdata/CTemplateRawData.h"
-
-#include "host/CCatalogTemplateRegistry.h"
-#include "host/CLogger.h"
-#include "host/CTemplateDescriptor.h"
-#include "host/CoreApplication.h"
-
-#include <memory>
 
 namespace Tobrix::Templates {
 
 namespace {
 
-void logFormat(const QString &message)
+bool load(TemplateLoading &loading, CTemplateReader::ReaderFlags flags, CCatalogTemplate *&catalogTemplate)
 {
-    Logging::CLogger::logMessage(static_cast<Logging::LogLevel>(3), QStringLiteral("TemplateReader"),
-                                 message);
-}
-
-std::unique_ptr<AbstractTemplateXmlReader> createReader(bool isNew)
-{
-    if (isNew) {
-        logFormat(QStringLiteral("New templates version used for available projects standards reading"));
-        return std::make_unique<NewTemplateXMLReader>();
+    catalogTemplate = nullptr;
+    loading.logFormat();
+    // No flag has a meaning yet: a caller that sets one expects something that this version cannot give.
+    if (flags != 0 || !loading.readFile()) {
+        return false;
     }
-    logFormat(QStringLiteral("Old templates version used for available projects standards reading"));
-    return std::make_unique<CTemplateXMLReader>();
-}
-
-const CATManagement::CCatalogTemplateRegistry *hostRegistry()
-{
-    const auto *application = AppLogic::CoreApplication::instance();
-    return application ? application->catalogTemplateRegistry() : nullptr;
-}
-
-void completeType(CCatalogTemplate &catalogTemplate, const CATManagement::CCatalogTemplateRegistry &registry)
-{
-    const auto *descriptor = registry.templateByUniqueId(catalogTemplate.uniqueId());
-    if (descriptor && catalogTemplate.type().isEmpty()) {
-        catalogTemplate.setType(descriptor->type());
-    }
+    catalogTemplate = loading.buildTemplate().release();
+    return catalogTemplate != nullptr;
 }
 
 } // namespace
 
 bool CTemplateReader::readFile(const QString &fileName, ReaderFlags flags, CCatalogTemplate *&catalogTemplate)
 {
-    catalogTemplate = nullptr;
+    TemplateLoading loading(fileName, formatOf(fileName));
+    return load(loading, flags, catalogTemplate);
+}
 
-    const bool isNew = isCurrentFormatPath(fileName);
-    CTemplateRawData rawData;
-    const auto reader = createReader(isNew);
-    // No flag has a meaning yet: a caller that sets one expects something that this version cannot give.
-    if (flags != 0 || !reader->readFile(fileName, rawData)) {
-        return false;
-    }
+bool CTemplateReader::readFileWithReport(const QString &fileName, ReaderFlags flags,
+                                         CCatalogTemplate *&catalogTemplate, CTemplateReadingReport &report)
+{
+    TemplateLoading loading(fileName, formatOf(fileName));
+    const bool isLoaded = load(loading, flags, catalogTemplate);
+    report = flags != 0 ? loading.reportOnFlags(flags) : loading.report();
+    return isLoaded;
+}
 
-    CTemplateBuilder builder;
-    catalogTemplate = builder.buildTemplate(rawData, isNew);
-    const auto *registry = hostRegistry();
-    if (catalogTemplate && registry) {
-        completeType(*catalogTemplate, *registry);
-    }
-    return catalogTemplate != nullptr;
+TemplateFormat CTemplateReader::formatOf(const QString &path)
+{
+    return path.contains(QLatin1String("templates_new/"), Qt::CaseSensitive) ? TemplateFormat::Current
+                                                                             : TemplateFormat::Legacy;
 }
 
 } // namespace Tobrix::Templates

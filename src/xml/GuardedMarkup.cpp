@@ -161,7 +161,7 @@ qint64 GuardedMarkup::readData(char *data, qint64 maxSize)
     if (!m_heldBack.isEmpty()) {
         return takeHeldBack(data, maxSize);
     }
-    const qint64 size = m_excess.isEmpty() ? QBuffer::readData(data, maxSize) : 0;
+    const qint64 size = m_excess.isEmpty() ? takeBytes(data, maxSize) : 0;
     if (size <= 0) {
         return size;
     }
@@ -182,7 +182,7 @@ void GuardedMarkup::holdBackDocumentType(const QByteArray &beginning)
     m_heldBack = beginning;
     QByteArray chunk(Limits::documentTypeSize, Qt::Uninitialized);
     while (m_guard.isInDocumentType() && m_excess.isEmpty()) {
-        const qint64 size = QBuffer::readData(chunk.data(), chunk.size());
+        const qint64 size = takeBytes(chunk.data(), chunk.size());
         if (size <= 0) {
             break;
         }
@@ -195,6 +195,15 @@ void GuardedMarkup::holdBackDocumentType(const QByteArray &beginning)
     if (!m_excess.isEmpty()) {
         m_heldBack.clear();
     }
+}
+
+qint64 GuardedMarkup::takeBytes(char *data, qint64 maxSize)
+{
+    // Not by the device's position: what is held back has been taken, but not read.
+    const qint64 size = std::min<qint64>(maxSize, buffer().size() - m_taken);
+    std::memcpy(data, buffer().constData() + m_taken, static_cast<std::size_t>(size));
+    m_taken += size;
+    return size;
 }
 
 qint64 GuardedMarkup::takeHeldBack(char *data, qint64 maxSize)

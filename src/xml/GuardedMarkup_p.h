@@ -38,6 +38,7 @@ protected:
 
 private:
     void holdBackDocumentType(const QByteArray &beginning);
+    qint64 takeBytes(char *data, qint64 maxSize);
     qint64 takeHeldBack(char *data, qint64 maxSize);
     qint64 follow(const QByteArray &chunk);
     qint64 followEncoded(const QByteArray &chunk);
@@ -50,6 +51,7 @@ private:
     bool m_isChosen = false;
     bool m_isFollowed = true;
     bool m_isPlain = true; // whether markup is ASCII in the bytes
+    qint64 m_taken = 0;
     QByteArray m_heldBack;
     QString m_excess;
     TextPlace m_place;

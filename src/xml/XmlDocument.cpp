@@ -2,6 +2,7 @@
 
 #include "xml/SourcePlaces_p.h"
 #include "xml/XmlDecoding_p.h"
+#include "xml/XmlFaultWords_p.h"
 #include "xml/XmlFault_p.h"
 #include "xml/XmlQtParser_p.h"
 #include "xml/XmlStrictParser_p.h"
@@ -337,15 +338,26 @@ Place XmlDocument::placeOfFault() const
     return places().lines.placeOf(sourceOffsetOfFault());
 }
 
+QString XmlDocument::explanationOfFault() const
+{
+    const Places &known = places();
+    const bool isInTree = m_fault.kind == XmlFault::NotWellFormed && !m_fault.isUndecodable;
+    const QString words =
+        isInTree ? wordsForFault(*known.tree, known.lines, sourceOffsetOfFault()) : QString();
+    return words.isEmpty() ? m_fault.explanation : words;
+}
+
 int XmlDocument::sourceOffsetOfFault() const
 {
     const Places &known = places();
     const int noticedAt = known.lines.offsetOf(m_fault.line, m_fault.column);
     if (m_fault.kind == XmlFault::OverLimit) {
-        // A limit is exceeded within the tag that does it.
-        const int last = std::max(0, std::min(noticedAt, known.source.size() - 1));
+        // A limit is exceeded within the tag that does it, or within a text.
+        const int last = std::max(0, std::min(noticedAt, known.source.size()) - 1);
         const int tagAt = known.source.lastIndexOf(QLatin1Char('<'), last);
-        return tagAt < 0 ? noticedAt : tagAt;
+        const bool isInTag =
+            tagAt >= 0 && !known.source.midRef(tagAt, last - tagAt).contains(QLatin1Char('>'));
+        return isInTag ? tagAt : noticedAt;
     }
     // The stream decodes far ahead of the place that it reports.
     return m_fault.isUndecodable ? undecodableAt(m_bytes) : Templates::placeOfFault(*known.tree, noticedAt);

@@ -146,6 +146,12 @@ public:
     Place placeOf(int element, const Attribute &attribute) const;
     /// Where a person has to look for the fault, which may be before the place where it was noticed.
     Place placeOfFault() const;
+    /// What is wrong, as the end of a sentence: the parser's explanation, or a better one where it is known.
+    QString explanationOfFault() const;
+
+    /// Where a node begins, and where the fault is, as offsets into the decoded text of the file.
+    int sourceOffset(int node) const;
+    int sourceOffsetOfFault() const;
 
 private:
     friend class XmlStrictParser;
@@ -163,11 +169,8 @@ private:
     int textSize() const { return m_bytes.size() - (m_encoding.isEmpty() ? m_markSize : 0); }
 
     const Places &places() const;
-    // Offsets into the decoded text.
-    int sourceOffset(int node) const;
     int sourceOffset(int element, const Attribute &attribute) const;
     int sourceOffset(const char *at) const;
-    int sourceOffsetOfFault() const;
     qint64 byteOffset(int sourceOffset) const;
 
     XmlDialect m_dialect;

@@ -361,6 +361,7 @@ void XmlScanner::breakIf(bool isBroken, int at)
 {
     if (isBroken && m_tree.m_brokenAt < 0) {
         m_tree.m_brokenAt = at;
+        m_tree.m_openWhereBroken = m_open.empty() ? -1 : m_open.back();
     }
 }
 

@@ -79,6 +79,38 @@ quint64 hashMultiplier()
     return multiplier;
 }
 
+template <typename Word>
+quint64 load(const char *at)
+{
+    Word word;
+    std::memcpy(&word, at, sizeof word);
+    return word;
+}
+
+quint64 hashOf(const char *name, std::size_t size)
+{
+    const quint64 multiplier = hashMultiplier();
+    quint64 hash = size;
+    const auto mix = [&](quint64 word) {
+        hash = (hash ^ word) * multiplier;
+        hash ^= hash >> 32;
+    };
+    const char *const end = name + size;
+    if (size >= sizeof(quint64)) {
+        for (; end - name > std::ptrdiff_t(sizeof(quint64)); name += sizeof(quint64)) {
+            mix(load<quint64>(name));
+        }
+        mix(load<quint64>(end - sizeof(quint64)));
+    } else if (size >= sizeof(quint32)) {
+        mix(load<quint32>(name) << 32 | load<quint32>(end - sizeof(quint32)));
+    } else {
+        for (; name != end; ++name) {
+            mix(static_cast<unsigned char>(*name));
+        }
+    }
+    return hash;
+}
+
 constexpr std::size_t slotCount = 2048;
 constexpr std::size_t mostNames = slotCount / 2;
 constexpr std::size_t longestName = 255;
@@ -237,18 +269,27 @@ bool XmlStrictParser::parseDeclaration(const char *&at, QByteArray &encoding)
 
 bool XmlStrictParser::requireCharacters()
 {
-    unsigned char high = 0;
-    bool hasControl = false;
     std::size_t tags = 0;
     std::size_t attributes = 0;
-    for (const char *at = m_begin; at != m_end; ++at) {
-        const auto c = static_cast<unsigned char>(*at);
-        high |= c;
-        hasControl |= c < ' ' && c != '\t' && c != '\n' && c != '\r';
-        tags += c == '<' ? 1 : 0;
-        attributes += c == '=' ? 1 : 0;
+    unsigned char high = 0;
+    unsigned char control = 0;
+    // Blocks small enough for counters of one byte, so that the compiler takes many bytes at a time.
+    constexpr std::ptrdiff_t blockSize = 128;
+    for (const char *block = m_begin; block != m_end;) {
+        const char *const blockEnd = block + std::min(blockSize, m_end - block);
+        unsigned char tagsInBlock = 0;
+        unsigned char attributesInBlock = 0;
+        for (; block != blockEnd; ++block) {
+            const auto c = static_cast<unsigned char>(*block);
+            high |= c;
+            control |= static_cast<unsigned char>((c < ' ') & (c != '\t') & (c != '\n') & (c != '\r'));
+            tagsInBlock = static_cast<unsigned char>(tagsInBlock + (c == '<'));
+            attributesInBlock = static_cast<unsigned char>(attributesInBlock + (c == '='));
+        }
+        tags += tagsInBlock;
+        attributes += attributesInBlock;
     }
-    if (hasControl) {
+    if (control != 0) {
         return reject(XmlRefusal::Character);
     }
     constexpr unsigned char highBit = 0x80;
@@ -700,12 +741,7 @@ const char *XmlStrictParser::parseInstruction(const char *at)
 
 quint32 XmlStrictParser::numberOf(const char *name, std::size_t size)
 {
-    quint64 hash = size;
-    const quint64 multiplier = hashMultiplier();
-    for (std::size_t i = 0; i < size; ++i) {
-        hash = (hash ^ static_cast<unsigned char>(name[i])) * multiplier;
-        hash ^= hash >> 29;
-    }
+    const quint64 hash = hashOf(name, size);
     for (std::size_t i = hash % slotCount;; i = (i + 1) % slotCount) {
         Slot &slot = m_slots[i];
         if (slot.name && slot.hash == hash && slot.size == size && std::memcmp(slot.name, name, size) == 0) {

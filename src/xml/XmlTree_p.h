@@ -110,6 +110,8 @@ public:
     /// Where the structure is broken: an end tag that closes nothing, a tag that is none, text outside of the
     /// root, the end of the source when something has no end. -1 when it is whole.
     int brokenAt() const { return m_brokenAt; }
+    /// The innermost element that is open there; -1 for none.
+    int openWhereBroken() const { return m_openWhereBroken; }
     /// What the source ends within.
     const XmlUnfinished &unfinished() const { return m_unfinished; }
 
@@ -141,6 +143,7 @@ private:
     bool m_hasExternalSubset = false;
     int m_unfollowedDocumentType = -1;
     int m_brokenAt = -1;
+    int m_openWhereBroken = -1;
     XmlUnfinished m_unfinished;
 };
 

@@ -7,6 +7,7 @@
 #include "format_legacy/CTemplateXMLReader.h"
 #include "loading/CTemplateBuilder.h"
 #include "loading/CTemplateReader.h"
+#include "loading/CTemplateReadingReport.h"
 #include "logic/CTemplateLogic.h"
 #include "model/CBooleanColumn.h"
 #include "model/CCatalogTemplate.h"

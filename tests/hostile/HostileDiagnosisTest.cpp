@@ -59,7 +59,7 @@ void HostileDiagnosisTest::limitAndLineAreNamed_data()
     QTest::addColumn<int>("line");
     QTest::addColumn<QByteArray>("excess");
     const QByteArray none;
-    const QByteArray tooDeep = "more than " + QByteArray::number(Limits::depth) + " elements in each other";
+    const QByteArray tooDeep = "more than " + QByteArray::number(Limits::depth) + " levels of nested elements";
     QTest::newRow("depth") << none << "\n\n" + nested("a", 200) << 3 << tooDeep;
     QTest::newRow("depth, a line for every level")
         << none << repeated("\n<a>", 200) << Limits::depth + 1 << tooDeep;
@@ -115,7 +115,7 @@ void HostileDiagnosisTest::limitAndLineAreNamed()
 void HostileDiagnosisTest::compareDiagnosis(const QString &path, int line, const QByteArray &excess)
 {
     const Run run = show(path);
-    QCOMPARE(run.errors, "tobrix-template: " + path.toUtf8() + ": goes past a limit at line " +
+    QCOMPARE(run.errors, "tobrix-template: " + path.toUtf8() + ": goes over a limit at line " +
                              QByteArray::number(line) + ": " + excess + "; nothing of it is used\n");
     QCOMPARE(run.exitStatus, 1);
     QVERIFY2(!run.output.contains("Template k"), run.output.constData());

@@ -78,7 +78,7 @@ inline std::vector<CountedKind> countedLegacyKinds()
          "<SYSCOL><COL_DataType>TXT</COL_DataType></SYSCOL>", end, CountedIn::legacyColumns},
         {"list items", Limits::listItems, begin, "<SYSLIST><LIST_Name>n</LIST_Name></SYSLIST>", end,
          CountedIn::listItems},
-        {"bands", Limits::legendClasses, begin + "<LegendOfClassification>", "<class/>",
+        {"legend classes", Limits::legendClasses, begin + "<LegendOfClassification>", "<class/>",
          "</LegendOfClassification>" + end, CountedIn::bands},
         {"views", Limits::views, begin, "<PROGVIEW><PV_PK>#</PV_PK></PROGVIEW>", end, CountedIn::views},
     };
@@ -94,7 +94,7 @@ inline std::vector<CountedKind> countedCurrentKinds()
          CountedIn::currentColumns},
         {"list items", Limits::listItems, begin + "<ValueList Name='n'>", "<ValueListItem/>",
          "</ValueList>" + end, CountedIn::listItems},
-        {"bands", Limits::legendClasses,
+        {"legend classes", Limits::legendClasses,
          begin + "<ClassificationColorScopes><ClassificationColorScope Name='Other'><ClassificationColor/>"
                  "</ClassificationColorScope>"
                  "<ClassificationColorScope Name='ClassColorDefault' Scope='Section'>",

@@ -100,6 +100,10 @@ private Q_SLOTS:
     void anyPathWorks_data();
     void anyPathWorks();
     void fileNameMayLookLikeAnOption();
+    void formatIsThatOfTheWholePath();
+    void formatCanBeOverruled_data();
+    void formatCanBeOverruled();
+    void qtParserGivesTheSame();
     void hostConfigurationIsUsed_data();
     void hostConfigurationIsUsed();
     void brokenHostConfigurationIsWrongUsage_data();
@@ -144,6 +148,11 @@ void CommandTest::wrongUsageEndsWithTwo_data()
     QTest::newRow("unknown option of show")
         << "show --colour x.xml" << QByteArray("Unknown option 'colour'.\n");
     QTest::newRow("raw without JSON") << "show --raw x.xml" << QByteArray("--raw goes with --json only.\n");
+    QTest::newRow("unknown format") << "show --as new x.xml"
+                                    << QByteArray("There is no template format \"new\": current and legacy "
+                                                  "are.\n");
+    QTest::newRow("standard input of no format")
+        << "show -" << QByteArray("Standard input has no path: say its format with --as.\n");
     QTest::newRow("option without value")
         << "show x.xml --host-config" << QByteArray("Missing value after '--host-config'.\n");
 }
@@ -194,10 +203,11 @@ void CommandTest::faultyDocumentIsDiagnosed_data()
                                           "not well-formed at line 1, column 1: Premature end of document");
     QTest::newRow("legacy, tags do not match")
         << legacy << QByteArray("<TobrixTemplate>\n  <TXSYS></TobrixTemplate>\n")
-        << QByteArray("not well-formed at line 2, column 27: Opening and ending tag mismatch");
+        << QByteArray("not well-formed at line 2, column 10: </TobrixTemplate> does not match <TXSYS>, "
+                      "which was opened in line 2");
     QTest::newRow("legacy, ends within a section")
         << legacy << QByteArray("<TobrixTemplate>\n<SYSCOL>\n<COL_PK>")
-        << QByteArray("not well-formed at line 3, column 9: Premature end of document");
+        << QByteArray("not well-formed at line 3, column 9: <COL_PK> of line 3 is not closed");
     QTest::newRow("legacy, list item without list")
         << legacy << QByteArray("<TXSYS>\n<SYSLIST>\n<LIST_Item>a</LIST_Item>\n</SYSLIST></TXSYS>")
         << QByteArray("the list item at line 2 names no list (LIST_Name)");
@@ -209,26 +219,29 @@ void CommandTest::faultyDocumentIsDiagnosed_data()
         << legacyDocument("<SYSCOL><COL_ProgView_FK>v9</COL_ProgView_FK><COL_Caption>Länge</COL_Caption>"
                           "<TDIR_Key>SECTION</TDIR_Key><COL_Bound_Column>OBJ_Length</COL_Bound_Column>"
                           "<COL_DataType>DEC</COL_DataType></SYSCOL>")
-        << QByteArray(
-               "column \"Länge\" (SECTION.OBJ_Length) belongs to view \"v9\", which the file does not have");
+        << QByteArray("column \"Länge\" (SECTION.OBJ_Length) at line 1 belongs to view \"v9\", which the "
+                      "file does not have");
     QTest::newRow("legacy, columns of no view")
         << legacy
         << legacyDocument(
                "<SYSCOL><COL_Caption>First</COL_Caption><COL_DataType>TXT</COL_DataType></SYSCOL>"
                "<SYSCOL><COL_Caption>Second</COL_Caption><COL_DataType>TXT</COL_DataType></SYSCOL>")
-        << QByteArray("column \"First\" and 1 more belong to view \"\", which the file does not have");
+        << QByteArray(
+               "column \"First\" at line 1 and 1 more belong to view \"\", which the file does not have");
     QTest::newRow("legacy, control characters in a name")
         << legacy
         << legacyDocument(
                "<SYSCOL><COL_ProgView_FK>a&#10;b</COL_ProgView_FK><COL_DataType>TXT</COL_DataType></SYSCOL>")
-        << QByteArray("a column without caption belongs to view \"a\\nb\", which the file does not have");
+        << QByteArray(
+               "a column without caption at line 1 belongs to view \"a\\nb\", which the file does not have");
     QTest::newRow("current, empty") << current << QByteArray()
                                     << QByteArray(
                                            "not well-formed at line 1, column 1: unexpected end of file; "
                                            "what follows was lost");
     QTest::newRow("current, tags do not match")
         << current << QByteArray("<Template>\n<Name>A</Nam>\n</Template>")
-        << QByteArray("not well-formed at line 2, column 13: tag mismatch; what follows was lost");
+        << QByteArray("not well-formed at line 2, column 8: </Nam> does not match <Name>, which was opened "
+                      "in line 2; what follows was lost");
 }
 
 void CommandTest::faultyDocumentIsDiagnosed()
@@ -408,6 +421,65 @@ void CommandTest::fileNameMayLookLikeAnOption()
     const Run result = run({QStringLiteral("show"), QStringLiteral("--"), QStringLiteral("--raw")});
     QCOMPARE(result.errors, complaint(QStringLiteral("--raw"), "does not exist"));
     QCOMPARE(result.exitStatus, 1);
+}
+
+void CommandTest::formatIsThatOfTheWholePath()
+{
+    const QTemporaryDir directory;
+    const QString folder = directory.filePath(QStringLiteral("templates_new"));
+    writeFile(folder + QStringLiteral("/a.xml"), currentDocument("<Name>Key</Name>"));
+    QProcess process;
+    process.setWorkingDirectory(folder);
+    const Run result = finished(process, {QStringLiteral("show"), QStringLiteral("a.xml")});
+    QVERIFY2(result.output.contains("Template Key\n"), result.output.constData());
+    QVERIFY2(result.output.contains("a.xml (current format)"), result.output.constData());
+    QVERIFY2(!result.output.contains("templates_new"), result.output.constData());
+}
+
+void CommandTest::formatCanBeOverruled_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QByteArray>("document");
+    const QByteArray legacy = legacyDocument("<SYSTPL><TPL_Key>Key</TPL_Key></SYSTPL>");
+    const QByteArray current = currentDocument("<Name>Key</Name>");
+    QTest::newRow("current") << "templates"
+                             << "current" << current;
+    QTest::newRow("legacy") << "templates_new"
+                            << "legacy" << legacy;
+    QTest::newRow("current, standard input") << QString() << "current" << current;
+    QTest::newRow("legacy, standard input") << QString() << "legacy" << legacy;
+}
+
+void CommandTest::formatCanBeOverruled()
+{
+    QFETCH(QString, folder);
+    QFETCH(QString, format);
+    QFETCH(QByteArray, document);
+    const TemporaryTemplate file(folder.isEmpty() ? QStringLiteral("input") : folder, document);
+    const QString name = folder.isEmpty() ? QStringLiteral("-") : file.path();
+    for (const auto &command : {QStringLiteral("show"), QStringLiteral("check")}) {
+        QProcess process;
+        if (folder.isEmpty()) {
+            process.setStandardInputFile(file.path());
+        }
+        const Run result = finished(process, {command, QStringLiteral("--as"), format, name});
+        const QByteArray expected = command == QLatin1String("show") ? "Template Key\n" : "1 file checked";
+        QVERIFY2(result.output.contains(expected), result.output.constData());
+        QVERIFY2(!result.output.contains("[wrong-folder]"), result.output.constData());
+        QCOMPARE(result.errors, QByteArray());
+    }
+}
+
+void CommandTest::qtParserGivesTheSame()
+{
+    for (const auto &file : {legacySample, currentSample}) {
+        const QStringList show{QStringLiteral("show"), QStringLiteral("--json"), QStringLiteral("--raw")};
+        const Run expected = run(show + QStringList{file});
+        QVERIFY(expected.output.contains("Foul water"));
+        QCOMPARE(run(show + QStringList{QStringLiteral("--qt-parser"), file}).output, expected.output);
+    }
+    QVERIFY(!run({QStringLiteral("show"), QStringLiteral("--help")}).output.contains("qt-parser"));
 }
 
 void CommandTest::hostConfigurationIsUsed_data()

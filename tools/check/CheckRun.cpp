@@ -33,9 +33,10 @@ Findings findingsIn(const CheckedFile &file, const QSet<QString> &disabledRules)
 
 } // namespace
 
-FileReport checkFile(const QString &fileName, const QSet<QString> &disabledRules)
+FileReport checkFile(const QString &fileName, const QSet<QString> &disabledRules,
+                     const LoadingOptions &options)
 {
-    const CheckedFile file(fileName);
+    const CheckedFile file(fileName, options);
     FileReport report;
     report.fileName = fileName;
     report.problem = file.problem();
@@ -50,10 +51,10 @@ FileReport checkFile(const QString &fileName, const QSet<QString> &disabledRules
 }
 
 std::vector<FileReport> checkFiles(const QStringList &fileNames, const QSet<QString> &disabledRules,
-                                   const Progress &progress)
+                                   const LoadingOptions &options, const Progress &progress)
 {
-    const std::function<FileReport(const QString &)> check = [&disabledRules](const QString &fileName) {
-        return checkFile(fileName, disabledRules);
+    const std::function<FileReport(const QString &)> check = [&](const QString &fileName) {
+        return checkFile(fileName, disabledRules, options);
     };
     QFuture<FileReport> future = QtConcurrent::mapped(fileNames, check);
     constexpr unsigned long pause = 5;

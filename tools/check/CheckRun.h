@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tools/check/rules/Rule.h"
+#include "tools/loading/TemplateLoading.h"
 #include "xml/SourcePlaces_p.h"
 
 #include <QSet>
@@ -20,7 +21,7 @@ struct ReportedFinding
     QString message;
 };
 
-/// What came of checking one file.
+/// The result of checking one file.
 struct FileReport
 {
     QString fileName;
@@ -29,7 +30,8 @@ struct FileReport
 };
 
 /// Checks one file by all rules but some.
-FileReport checkFile(const QString &fileName, const QSet<QString> &disabledRules);
+FileReport checkFile(const QString &fileName, const QSet<QString> &disabledRules,
+                     const LoadingOptions &options = {});
 
 /// Is told how many files are done, on the thread that waits for them.
 using Progress = std::function<void(int done, int all)>;
@@ -37,7 +39,7 @@ using Progress = std::function<void(int done, int all)>;
 /// Checks many files on all cores.
 /// @return their reports, in the order of the names
 std::vector<FileReport> checkFiles(const QStringList &fileNames, const QSet<QString> &disabledRules,
-                                   const Progress &progress);
+                                   const LoadingOptions &options, const Progress &progress);
 
 /// How many findings of each severity there are.
 struct FindingCounts

@@ -1,127 +1,53 @@
 #include "tools/check/CheckedFile.h"
 
-#include "tools/check/CountLimits.h"
 #include "tools/check/model/CurrentModel.h"
 #include "tools/check/model/LegacyModel.h"
-#include "xml/XmlFault_p.h"
-#include "tools/loading/FileAccess.h"
 
-#include "xml/GuardedFile_p.h"
-#include "loading/TemplateLocation_p.h"
-
-#include <QBuffer>
-#include <QDomDocument>
-#include <QFile>
-#include <QFileInfo>
-
-#include <algorithm>
+#include "loading/TemplateLoading_p.h"
+#include "xml/XmlLimits_p.h"
 
 namespace Tobrix::Tools {
 
 using namespace Templates;
 
-namespace {
-
-/// Whether the host reads a file as the current format. It is given whole paths, whatever a file is called
-/// from where somebody stands.
-bool isCurrentFormatFile(const QString &fileName)
+CheckedFile::CheckedFile(const QString &fileName, const LoadingOptions &options)
+    : m_fileName(fileName), m_format(formatOfFile(fileName, options))
 {
-    return !fileName.isEmpty() && isCurrentFormatPath(QFileInfo(fileName).absoluteFilePath());
-}
-
-/// As much of a file as one would look for a place in.
-QByteArray beginningOf(const QString &fileName)
-{
-    constexpr int enough = 64 * 1024 * 1024;
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.read(enough) : QByteArray();
-}
-
-XmlVerdict verdictOn(QIODevice &content, bool isCurrent)
-{
-    if (!isCurrent) {
-        return judgeByStream(content);
+    TemplateLoading loading(fileName, m_format, options.way);
+    readTemplate(loading, fileName);
+    if (!loading.isWholeFile()) {
+        m_problem = loading.report().reason();
+        return;
     }
-    QDomDocument document;
-    return judgeByDom(content, document);
-}
-
-/// Whether a parser complains about bytes that stand for no character.
-bool isUndecodable(const XmlVerdict &verdict)
-{
-    return verdict.explanation == QLatin1String("Encountered incorrectly encoded content");
-}
-
-} // namespace
-
-CheckedFile::CheckedFile(const QString &fileName)
-    : m_fileName(fileName), m_isCurrent(isCurrentFormatFile(fileName))
-{
-    read();
+    decode(loading.bytes());
+    takeFault(loading);
 }
 
 CheckedFile::~CheckedFile() = default;
 
-void CheckedFile::read()
+void CheckedFile::decode(const QByteArray &bytes)
 {
-    // Whether a file is well-formed the parser tells sooner without white space, and where it is not, only of
-    // the whole.
-    GuardedFile file(SpareWhiteSpace::BetweenMarkup);
-    if (!file.openTemplate(m_fileName)) {
-        m_problem = whyNotOpened(m_fileName);
-        return;
-    }
-    m_verdict = verdictOn(file, m_isCurrent);
-    if (file.error() != QFileDevice::NoError) {
-        m_problem = file.errorString();
-    } else if (m_verdict.isWellFormed && file.excess().isEmpty()) {
-        readSound(file.unguarded());
-    } else {
-        file.restartWhole();
-        readDamaged(file);
-    }
-}
-
-void CheckedFile::readSound(const QByteArray &bytes)
-{
-    m_source = decodedXml(bytes);
-    countItems();
+    // What is wrong with a file over this limit is at its beginning.
+    m_source = bytes.size() > Limits::fileSize ? QString() : decodedXml(bytes);
     // A file may have the character that others are replaced with as its own.
     if (m_source.contains(QChar(QChar::ReplacementCharacter))) {
         m_undecodable = undecodableOf(bytes);
     }
 }
 
-void CheckedFile::readDamaged(GuardedFile &file)
+void CheckedFile::takeFault(const TemplateLoading &loading)
 {
-    QByteArray bytes = file.readAll();
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    m_source = decodedXml(bytes);
-    m_verdict = verdictOn(buffer, m_isCurrent);
-    if (!file.excess().isEmpty() && !file.isFaultBeforeExcess(m_verdict.line, m_verdict.column)) {
-        m_excess = file.excess();
-        // Of such a file only a beginning was handed out, which need not reach as far as the place.
-        m_source = decodedXml(beginningOf(m_fileName));
-        const int noticedAt = places().offsetOf(file.excessLine(), file.excessColumn());
-        // What is too much is noticed within the tag that brings it.
-        const int tagAt = m_source.lastIndexOf(QLatin1Char('<'), std::min(noticedAt, m_source.size() - 1));
-        m_faultAt = tagAt < 0 ? noticedAt : tagAt;
-    } else if (!m_verdict.isWellFormed) {
-        // The stream decodes far ahead of the place where it seems to be.
-        m_faultAt = isUndecodable(m_verdict)
-                        ? undecodableAt(bytes)
-                        : placeOfFault(tree(), places().offsetOf(m_verdict.line, m_verdict.column));
-    } else {
-        readSound(bytes);
+    const XmlDocument &document = loading.document();
+    const XmlFault &fault = document.fault();
+    const ReadingResult &result = loading.result();
+    if (result.kind == ReadingResult::OverLimit && result.node >= 0) {
+        m_excess = result.explanation;
+        m_faultAt = document.sourceOffset(result.node);
+    } else if (fault) {
+        const bool isExcess = fault.kind == XmlFault::OverLimit;
+        (isExcess ? m_excess : m_malformation) = isExcess ? fault.explanation : document.explanationOfFault();
+        m_faultAt = document.sourceOffsetOfFault();
     }
-}
-
-void CheckedFile::countItems()
-{
-    const CountExcess excess = m_isCurrent ? excessOfCurrent(tree()) : excessOfLegacy(model());
-    m_excess = excess.words;
-    m_faultAt = excess.at;
 }
 
 const SourcePlaces &CheckedFile::places() const
@@ -141,7 +67,7 @@ Place CheckedFile::placeOf(int at) const
 const XmlTree &CheckedFile::tree() const
 {
     if (!m_tree) {
-        m_tree = std::make_unique<XmlTree>(m_source, m_isCurrent ? XmlDialect::Dom : XmlDialect::Stream);
+        m_tree = std::make_unique<XmlTree>(m_source, isCurrent() ? XmlDialect::Dom : XmlDialect::Stream);
     }
     return *m_tree;
 }
@@ -149,7 +75,7 @@ const XmlTree &CheckedFile::tree() const
 const TemplateModel &CheckedFile::model() const
 {
     if (!m_model) {
-        m_model = std::make_unique<TemplateModel>(m_isCurrent ? currentModel(tree()) : legacyModel(tree()));
+        m_model = std::make_unique<TemplateModel>(isCurrent() ? currentModel(tree()) : legacyModel(tree()));
     }
     return *m_model;
 }

@@ -1,18 +1,14 @@
 #pragma once
 
 #include "tools/check/model/TemplateModel.h"
+#include "tools/loading/TemplateLoading.h"
 #include "xml/SourcePlaces_p.h"
 #include "xml/XmlDecoding_p.h"
 #include "xml/XmlTree_p.h"
-#include "tools/loading/XmlVerdict.h"
 
 #include <QString>
 
 #include <memory>
-
-namespace Tobrix::Templates {
-class GuardedFile;
-} // namespace Tobrix::Templates
 
 namespace Tobrix::Tools {
 
@@ -20,7 +16,7 @@ namespace Tobrix::Tools {
 class CheckedFile
 {
 public:
-    explicit CheckedFile(const QString &fileName);
+    explicit CheckedFile(const QString &fileName, const LoadingOptions &options = {});
     ~CheckedFile();
 
     const QString &fileName() const { return m_fileName; }
@@ -29,17 +25,19 @@ public:
     const QString &problem() const { return m_problem; }
 
     /// Whether the library reads it as the current format.
-    bool isCurrent() const { return m_isCurrent; }
+    bool isCurrent() const { return m_format == Templates::TemplateFormat::Current; }
 
     const QString &source() const { return m_source; }
     /// The line of an offset into the source, from 1.
     int lineOf(int at) const { return placeOf(at).line; }
     Templates::Place placeOf(int at) const;
-    const XmlVerdict &verdict() const { return m_verdict; }
 
-    /// What goes past a limit, in words; empty when nothing does.
+    /// Why the file is not well-formed, as the end of a sentence; empty when it is.
+    const QString &malformation() const { return m_malformation; }
+
+    /// What is over a limit, in words; empty when nothing is.
     const QString &excess() const { return m_excess; }
-    /// Where the parser, or the limit, has its say.
+    /// Where it is not well-formed, or over a limit.
     int faultAt() const { return m_faultAt; }
 
     /// What the parser replaces of a file that is well-formed otherwise.
@@ -53,17 +51,15 @@ public:
 private:
     Q_DISABLE_COPY(CheckedFile)
 
-    void read();
-    void readSound(const QByteArray &bytes);
-    void readDamaged(Templates::GuardedFile &file);
-    void countItems();
+    void takeFault(const Templates::TemplateLoading &loading);
+    void decode(const QByteArray &bytes);
     const Templates::SourcePlaces &places() const;
 
     const QString m_fileName;
-    const bool m_isCurrent;
+    const Templates::TemplateFormat m_format;
     QString m_problem;
     QString m_source;
-    XmlVerdict m_verdict;
+    QString m_malformation;
     QString m_excess;
     int m_faultAt = 0;
     Templates::Undecodable m_undecodable;

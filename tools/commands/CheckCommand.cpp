@@ -6,6 +6,7 @@
 #include "tools/check/report/TextReport.h"
 #include "tools/check/rules/RuleTable.h"
 #include "tools/commands/Console.h"
+#include "tools/commands/LoadingArguments.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -80,6 +81,7 @@ private:
     const QCommandLineOption m_listRules;
     const QCommandLineOption m_explain;
     CommandLine m_commandLine;
+    LoadingArguments m_loading{m_commandLine};
     const ReportFormat *m_reportFormat = std::begin(reportFormats);
     QSet<QString> m_disabledRules;
 };
@@ -109,8 +111,10 @@ CheckOptions::CheckOptions()
     m_commandLine.addArgument(
         QStringLiteral("FILE|FOLDER"),
         QStringLiteral(
-            "A template file, or a folder that is searched for *.xml. A file is checked as the "
-            "current format when its whole path contains \"templates_new/\", else as the legacy format."));
+            "A template file, - for standard input, or a folder that is searched for *.xml. A file is "
+            "checked "
+            "as the current format when its whole path contains \"templates_new/\", else as the legacy "
+            "format."));
 }
 
 std::optional<ExitStatus> CheckOptions::parse(const QStringList &arguments, Console &console)
@@ -119,6 +123,9 @@ std::optional<ExitStatus> CheckOptions::parse(const QStringList &arguments, Cons
         return status;
     }
     if (const auto status = takeFormat(console)) {
+        return status;
+    }
+    if (const auto status = m_loading.take(console)) {
         return status;
     }
     return takeDisabledRules(console);
@@ -211,7 +218,7 @@ ExitStatus CheckOptions::check(Console &console) const
             console.showProgress(QStringLiteral("checked %1 of %2 files").arg(done).arg(all));
         }
     };
-    const Reports reports = checkFiles(wanted.names, m_disabledRules, progress);
+    const Reports reports = checkFiles(wanted.names, m_disabledRules, m_loading.options(), progress);
     console.showProgress(QString());
     m_reportFormat->print(reports, console);
     for (const auto &report : reports) {

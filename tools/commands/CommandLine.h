@@ -29,7 +29,7 @@ public:
     /// Adds the explanation of an argument.
     void addArgument(const QString &name, const QString &description);
 
-    /// Leaves everything behind the first argument to somebody else.
+    /// Leaves everything after the first argument to somebody else.
     void endAtFirstArgument();
 
     /// Reads the arguments and does what the shared options ask for.

@@ -1,6 +1,7 @@
 #include "tools/commands/ShowCommand.h"
 
 #include "tools/commands/Console.h"
+#include "tools/commands/LoadingArguments.h"
 #include "tools/json/RawDataJson.h"
 #include "tools/json/TemplateJson.h"
 #include "tools/loading/TemplateLoading.h"
@@ -19,45 +20,53 @@ void printJson(const QJsonObject &json, Console &console)
     console.print(QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n');
 }
 
-/// Prints one file and returns what is wrong with it; empty when nothing is.
-using ShowFile = QString (*)(const QString &fileName, bool isFirst, Console &console);
+/// Prints one file. What is wrong with it, it complains about afterwards, so that the output comes first.
+/// @return whether nothing is
+using ShowFile = bool (*)(const QString &fileName, const LoadingOptions &options, bool isFirst,
+                          Console &console);
 
-QString showText(const QString &fileName, bool isFirst, Console &console)
+bool complainAbout(const LoadedFile &loaded, Console &console)
 {
-    const LoadedTemplate loaded = loadTemplate(fileName);
+    if (loaded.hasProblem()) {
+        console.complain(loaded.report.message());
+    }
+    return !loaded.hasProblem();
+}
+
+bool showText(const QString &fileName, const LoadingOptions &options, bool isFirst, Console &console)
+{
+    const LoadedTemplate loaded = loadTemplate(fileName, options);
     if (loaded.catalogTemplate) {
         console.print((isFirst ? QString() : QStringLiteral("\n\n")) +
                       templateText(loaded, console.lineWidth()));
     }
-    return problemOf(loaded);
+    return complainAbout(loaded, console);
 }
 
-QString showJson(const QString &fileName, bool, Console &console)
+bool showJson(const QString &fileName, const LoadingOptions &options, bool, Console &console)
 {
-    const LoadedTemplate loaded = loadTemplate(fileName);
+    const LoadedTemplate loaded = loadTemplate(fileName, options);
     printJson(templateJson(loaded), console);
-    return problemOf(loaded);
+    return complainAbout(loaded, console);
 }
 
-QString showRawJson(const QString &fileName, bool, Console &console)
+bool showRawJson(const QString &fileName, const LoadingOptions &options, bool, Console &console)
 {
-    const LoadedRawData loaded = loadRawData(fileName);
+    const LoadedRawData loaded = loadRawData(fileName, options);
     printJson(rawDataJson(loaded), console);
-    return problemOf(loaded);
+    return complainAbout(loaded, console);
 }
 
-ExitStatus showFiles(const QStringList &fileNames, ShowFile showFile, Console &console)
+ExitStatus showFiles(const QStringList &fileNames, const LoadingOptions &options, ShowFile showFile,
+                     Console &console)
 {
     auto status = ExitStatus::Success;
     bool isFirst = true;
     for (const auto &fileName : fileNames) {
-        const QString problem = showFile(fileName, isFirst, console);
-        isFirst = false;
-        if (!problem.isEmpty()) {
-            const QString name = fileName.isEmpty() ? QStringLiteral("\"\"") : fileName;
-            console.complain(QStringLiteral("%1: %2").arg(name, problem));
+        if (!showFile(fileName, options, isFirst, console)) {
             status = ExitStatus::SomeFilesFailed;
         }
+        isFirst = false;
     }
     return status;
 }
@@ -80,10 +89,15 @@ ExitStatus runShow(const QStringList &arguments, Console &console)
                        "or a host configuration that cannot be used."));
     commandLine.addOption(json);
     commandLine.addOption(raw);
-    commandLine.addArgument(QStringLiteral("FILE"),
-                            QStringLiteral("A template file. It is read as the current format when its path "
-                                           "contains \"templates_new/\", else as the legacy format."));
+    LoadingArguments loading(commandLine);
+    commandLine.addArgument(
+        QStringLiteral("FILE"),
+        QStringLiteral("A template file, or - for standard input. It is read as the current format when its "
+                       "whole path contains \"templates_new/\", else as the legacy format."));
     if (const auto status = commandLine.parse(arguments, console)) {
+        return *status;
+    }
+    if (const auto status = loading.take(console)) {
         return *status;
     }
     if (commandLine.isSet(raw) && !commandLine.isSet(json)) {
@@ -95,7 +109,7 @@ ExitStatus runShow(const QStringList &arguments, Console &console)
     const ShowFile showFile = commandLine.isSet(raw)    ? showRawJson
                               : commandLine.isSet(json) ? showJson
                                                         : showText;
-    return showFiles(commandLine.arguments(), showFile, console);
+    return showFiles(commandLine.arguments(), loading.options(), showFile, console);
 }
 
 } // namespace Tobrix::Tools

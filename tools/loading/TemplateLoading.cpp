@@ -1,16 +1,14 @@
 #include "tools/loading/TemplateLoading.h"
 
-#include "tools/loading/FileAccess.h"
-#include "tools/loading/ReadingFault.h"
-
-#include "format_current/NewTemplateXMLReader.h"
-#include "format_legacy/CTemplateXMLReader.h"
 #include "loading/CTemplateReader.h"
-#include "xml/GuardedFile_p.h"
-#include "loading/TemplateLocation_p.h"
+#include "loading/TemplateLoading_p.h"
 #include "model/CCatalogTemplate.h"
-#include "model/CTemplateColumn.h"
-#include "rawdata/CTemplateRawData.h"
+#include "xml/XmlLimits_p.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
 
 namespace Tobrix::Tools {
 
@@ -18,21 +16,20 @@ using namespace Templates;
 
 namespace {
 
-std::unique_ptr<AbstractTemplateXmlReader> readerFor(const QString &fileName)
+/// As much of standard input as shows that it is over the limit of files.
+QByteArray standardInputBytes()
 {
-    if (isCurrentFormatPath(fileName)) {
-        return std::make_unique<NewTemplateXMLReader>();
+    constexpr qint64 pieceSize = 64 * 1024;
+    QFile input;
+    QByteArray bytes;
+    QByteArray piece;
+    if (input.open(stdin, QIODevice::ReadOnly)) {
+        do {
+            piece = input.read(pieceSize);
+            bytes += piece;
+        } while (!piece.isEmpty() && bytes.size() <= Limits::fileSize);
     }
-    return std::make_unique<CTemplateXMLReader>();
-}
-
-QString readingProblem(const QString &fileName)
-{
-    GuardedFile file;
-    if (!file.openTemplate(fileName)) {
-        return whyNotOpened(fileName);
-    }
-    return isCurrentFormatPath(fileName) ? faultOfCurrentFile(file) : faultOfLegacyFile(file);
+    return bytes;
 }
 
 } // namespace
@@ -47,49 +44,51 @@ LoadedRawData::LoadedRawData() : rawData(std::make_unique<CTemplateRawData>())
 LoadedRawData::LoadedRawData(LoadedRawData &&other) noexcept = default;
 LoadedRawData::~LoadedRawData() = default;
 
-LoadedTemplate loadTemplate(const QString &fileName)
+bool LoadedFile::hasProblem() const
+{
+    return report.outcome() != CTemplateReadingReport::Loaded &&
+           report.outcome() != CTemplateReadingReport::NothingOfATemplate;
+}
+
+TemplateFormat formatOfFile(const QString &fileName, const LoadingOptions &options)
+{
+    const QString path = fileName.isEmpty() ? fileName : QFileInfo(fileName).absoluteFilePath();
+    return options.format.value_or(CTemplateReader::formatOf(path));
+}
+
+bool readTemplate(TemplateLoading &loading, const QString &fileName)
+{
+    return fileName == standardInput ? loading.readBytes(standardInputBytes()) : loading.readFile();
+}
+
+LoadedTemplate loadTemplate(const QString &fileName, const LoadingOptions &options)
 {
     const LoadLog log;
     LoadedTemplate loaded;
     loaded.fileName = fileName;
-    CCatalogTemplate *catalogTemplate = nullptr;
-    CTemplateReader::readFile(fileName, CTemplateReader::ReaderFlags(0), catalogTemplate);
-    loaded.catalogTemplate.reset(catalogTemplate);
+    loaded.format = formatOfFile(fileName, options);
+    TemplateLoading loading(fileName, loaded.format, options.way);
+    loading.logFormat();
+    if (readTemplate(loading, fileName)) {
+        loaded.catalogTemplate = loading.buildTemplate();
+    }
+    loaded.report = loading.report();
     loaded.log = log.lines();
     return loaded;
 }
 
-LoadedRawData loadRawData(const QString &fileName)
+LoadedRawData loadRawData(const QString &fileName, const LoadingOptions &options)
 {
     const LoadLog log;
     LoadedRawData loaded;
     loaded.fileName = fileName;
-    loaded.isRead = readerFor(fileName)->readFile(fileName, *loaded.rawData);
+    loaded.format = formatOfFile(fileName, options);
+    TemplateLoading loading(fileName, loaded.format, options.way);
+    loaded.isRead = readTemplate(loading, fileName);
+    loaded.report = loading.report();
+    loaded.rawData = loading.takeRawData();
     loaded.log = log.lines();
     return loaded;
-}
-
-QString problemOf(const LoadedTemplate &loaded)
-{
-    // A legacy file that loads is in order. One of the current format may have lost its end.
-    if (loaded.catalogTemplate && !isCurrentFormatPath(loaded.fileName)) {
-        return QString();
-    }
-    const QString problem = readingProblem(loaded.fileName);
-    if (loaded.catalogTemplate || !problem.isEmpty()) {
-        return problem;
-    }
-    const LoadedRawData raw = loadRawData(loaded.fileName);
-    return raw.isRead ? buildingFault(*raw.rawData) : problemOf(raw);
-}
-
-QString problemOf(const LoadedRawData &loaded)
-{
-    if (loaded.isRead && !isCurrentFormatPath(loaded.fileName)) {
-        return QString();
-    }
-    const QString problem = readingProblem(loaded.fileName);
-    return loaded.isRead || !problem.isEmpty() ? problem : QStringLiteral("cannot be read");
 }
 
 } // namespace Tobrix::Tools

@@ -5,7 +5,7 @@
 #include "tools/text/DisplayText.h"
 #include "tools/text/TextTable.h"
 
-#include "loading/TemplateLocation_p.h"
+#include "loading/TemplateFormats_p.h"
 #include "model/CCatalogTemplate.h"
 #include "model/CListItem.h"
 #include "model/CProgramView.h"
@@ -126,15 +126,14 @@ QString headerFlagsText(const CCatalogTemplate &catalogTemplate)
     return words.join(QStringLiteral(", "));
 }
 
-QString headerText(const QString &fileName, CCatalogTemplate &catalogTemplate)
+QString headerText(const LoadedFile &loaded, CCatalogTemplate &catalogTemplate)
 {
     const int sortOrder = catalogTemplate.sortOrder();
     const QString key = catalogTemplate.key().isEmpty() ? QStringLiteral("(no key)") : catalogTemplate.key();
-    const QString format =
-        isCurrentFormatPath(fileName) ? QStringLiteral("current format") : QStringLiteral("legacy format");
     return heading(QStringLiteral("Template %1").arg(key), {}, QChar(0x2550)).mid(1) +
            valuesText({
-               {QStringLiteral("File"), QStringLiteral("%1 (%2)").arg(fileName, format)},
+               {QStringLiteral("File"),
+                QStringLiteral("%1 (%2 format)").arg(loaded.fileName, rowOf(loaded.format).name)},
                {QStringLiteral("Description"), catalogTemplate.description()},
                {QStringLiteral("Unique id"), catalogTemplate.uniqueId()},
                {QStringLiteral("Type"), catalogTemplate.type()},
@@ -224,9 +223,9 @@ QString legendText(const QString &title, const QList<CTemplateLegendDataItem> &l
 QString templateText(const LoadedTemplate &loaded, int lineWidth)
 {
     CCatalogTemplate &catalogTemplate = *loaded.catalogTemplate;
-    QString text = headerText(loaded.fileName, catalogTemplate);
+    QString text = headerText(loaded, catalogTemplate);
     for (const auto *view : viewsByKey(catalogTemplate)) {
-        text += viewText(*view, isCurrentFormatPath(loaded.fileName), lineWidth);
+        text += viewText(*view, loaded.format == TemplateFormat::Current, lineWidth);
     }
     for (const auto &name : catalogTemplate.itemListNames()) {
         text += itemListText(name, catalogTemplate.itemList(name), lineWidth);

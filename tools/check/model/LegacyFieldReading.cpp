@@ -6,8 +6,6 @@ namespace Tobrix::Tools {
 
 using namespace Templates;
 
-using Templates::TextRule;
-
 namespace {
 
 /// Walks over the nodes of one section in the steps of a stream reader.
@@ -117,9 +115,10 @@ void SectionWalk::endBefore(int index)
 
 } // namespace
 
-std::vector<LegacyReading> readSection(const XmlElement &section, const SectionTokens &tokens, TextRule rule)
+std::vector<LegacyReading> readSection(const XmlElement &section, const SectionTokens &tokens,
+                                       Tokens::TemplateToken kind)
 {
-    return SectionWalk(section, tokens, rule).read();
+    return SectionWalk(section, tokens, legacySection(kind).textRule).read();
 }
 
 } // namespace Tobrix::Tools

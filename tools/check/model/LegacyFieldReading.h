@@ -2,7 +2,7 @@
 
 #include "tools/check/model/LegacyTokens.h"
 
-#include "format_legacy/LegacySection_p.h"
+#include "format_legacy/LegacyFormat_p.h"
 
 #include <vector>
 
@@ -24,6 +24,6 @@ struct LegacyReading
 /// Reads a section as the format's reader does: every element that the section knows, in the order of the
 /// file. The section's own element is none of them.
 std::vector<LegacyReading> readSection(const Templates::XmlElement &section, const SectionTokens &tokens,
-                                       Templates::TextRule rule);
+                                       Templates::Tokens::TemplateToken kind);
 
 } // namespace Tobrix::Tools

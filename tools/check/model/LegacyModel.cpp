@@ -3,12 +3,10 @@
 #include "tools/check/model/LegacyFieldReading.h"
 #include "tools/check/model/ModelBuilding.h"
 
-#include "format_legacy/CTemplateTokenizer.h"
-#include "format_legacy/LegacyFields_p.h"
-#include "format_legacy/LegacyVocabulary_p.h"
-#include "rawdata/TemplateLimits_p.h"
+#include "format_legacy/LegacyFormat_p.h"
 #include "rawdata/CColumnData.h"
 #include "rawdata/CTemplateDataConverter.h"
+#include "rawdata/TemplateLimits_p.h"
 
 #include <QHash>
 
@@ -21,54 +19,9 @@
 namespace Tobrix::Tools {
 
 using namespace Templates;
-using Tokens = CTemplateTokenizer;
 
 namespace {
 
-/// How a field's target takes its text; none for an element that is known and of no use.
-struct KindOfTarget
-{
-    ValueKind operator()(std::monostate) const { return ValueKind::Text; }
-    template <typename Target>
-    ValueKind operator()(RepeatedText<Target>) const
-    {
-        return ValueKind::Text;
-    }
-    template <typename Value, typename Owner>
-    ValueKind operator()(Value Owner::*) const
-    {
-        return kindOf<Value>();
-    }
-    template <typename Value, typename Owner>
-    ValueKind operator()(void (Owner::*)(Value)) const
-    {
-        return kindOf<std::decay_t<Value>>();
-    }
-
-private:
-    template <typename Value>
-    static ValueKind kindOf()
-    {
-        if constexpr (std::is_same_v<Value, QString>) {
-            return ValueKind::Text;
-        } else if constexpr (std::is_same_v<Value, bool>) {
-            return ValueKind::Flag;
-        } else if constexpr (std::is_same_v<Value, double>) {
-            return ValueKind::Real;
-        } else {
-            return ValueKind::Integer;
-        }
-    }
-};
-
-// Texts that are compared with others.
-constexpr Tokens::TemplateInfoToken exactHeaderTokens[] = {Tokens::TPL_PK, Tokens::TPL_Key, Tokens::TPL_Type,
-                                                           Tokens::TPL_Unit};
-constexpr Tokens::ProgramViewToken exactViewTokens[] = {Tokens::PV_PK, Tokens::PV_Key};
-constexpr Tokens::ListItemToken exactItemTokens[] = {Tokens::LIST_Name, Tokens::LIST_Item};
-constexpr Tokens::ColumnToken exactColumnTokens[] = {
-    Tokens::COL_ProgView_FK, Tokens::COL_Bound_Column, Tokens::COL_DataType,  Tokens::COL_Unit,
-    Tokens::COL_DataSource,  Tokens::TDIR_Key,         Tokens::COL_DisplayFmt};
 // Numbers that only some types of columns have.
 constexpr Tokens::ColumnToken limitTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps,
                                                Tokens::COL_Length, Tokens::COL_Precision};
@@ -81,31 +34,22 @@ bool isOneOf(int token, const Rows &rows)
     return std::find(std::begin(rows), std::end(rows), token) != std::end(rows);
 }
 
-template <typename Fields, typename Exact>
-ValueKind kindOfField(const Fields &fields, const Exact &exactTokens, int token)
+/// The kind of a field's value, for rules about values. What a column's type decides is judged later.
+template <typename Field>
+ValueKind judgedKindOf(const Field &field)
 {
-    const ValueKind kind = std::visit(KindOfTarget(), fields[token - 1].target);
-    const bool isText = kind == ValueKind::Text || kind == ValueKind::Exact;
-    return isText ? (isOneOf(token, exactTokens) ? ValueKind::Exact : ValueKind::Text) : kind;
+    return field.row.kind;
+}
+ValueKind judgedKindOf(const ColumnField &field)
+{
+    const bool isJudgedLater = isOneOf(field.token, limitTokens) || isOneOf(field.token, referenceTokens);
+    return isJudgedLater ? ValueKind::Text : field.row.kind;
 }
 
-template <typename Token>
-constexpr bool isListName(Token)
+/// The name of a column's element.
+QString nameOf(Tokens::ColumnToken token)
 {
-    return false;
-}
-constexpr bool isListName(Tokens::ListItemToken token)
-{
-    return token == Tokens::LIST_Name;
-}
-
-/// Whether anybody has a use for the text of an element. The name of an item's list has no target, since the
-/// reader keeps it.
-template <typename Fields>
-bool isUsed(const Fields &fields, int token)
-{
-    const auto &field = fields[token - 1];
-    return !std::holds_alternative<std::monostate>(field.target) || isListName(field.token);
+    return columnFields[token - 1].row.element;
 }
 
 // The column's section has the most tokens.
@@ -165,16 +109,16 @@ private:
     BandModel bandOf(const XmlElement &element);
     int bandCount() const { return static_cast<int>(m_model.legends[0].size() + m_model.legends[1].size()); }
 
-    template <typename Fields, typename KindOf>
+    template <typename Fields>
     SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
-                           const Fields &fields, KindOf kindOf)
+                           const Fields &fields)
     {
-        return valuesOver(SectionValues(section.at()), readings, fields, kindOf);
+        return valuesOver(SectionValues(section.at()), readings, fields);
     }
     /// The values of a section that is read over those of an earlier one.
-    template <typename Fields, typename KindOf>
+    template <typename Fields>
     SectionValues valuesOver(SectionValues values, const std::vector<LegacyReading> &readings,
-                             const Fields &fields, KindOf kindOf);
+                             const Fields &fields);
     void keepValue(const LegacyReading &reading, const Value &value, ValueKind kind);
     void findUnreachable(const XmlElement &within);
     void noteOverwritten(const LegacyReading &reading, int earlierAt);
@@ -295,12 +239,13 @@ void LegacyModelBuilder::keepValue(const LegacyReading &reading, const Value &va
     }
 }
 
-template <typename Fields, typename KindOf>
+template <typename Fields>
 SectionValues LegacyModelBuilder::valuesOver(SectionValues values, const std::vector<LegacyReading> &readings,
-                                             const Fields &fields, KindOf kindOf)
+                                             const Fields &fields)
 {
     for (const auto &reading : readings) {
-        if (!isUsed(fields, reading.token)) {
+        const ValueKind kind = judgedKindOf(fields[reading.token - 1]);
+        if (kind == ValueKind::Ignored) {
             continue;
         }
         noteOverwritten(reading, values.elementAt(reading.token));
@@ -308,16 +253,15 @@ SectionValues LegacyModelBuilder::valuesOver(SectionValues values, const std::ve
         if (value.isGiven()) {
             values.take(reading, value);
         }
-        keepValue(reading, value, kindOf(reading.token));
+        keepValue(reading, value, kind);
     }
     return values;
 }
 
 void LegacyModelBuilder::readHeader(const XmlElement &section)
 {
-    m_headerValues = valuesOver(
-        m_headerValues, readSection(section, m_headerTokens, TextRule::FirstAfterStartTag), headerFields,
-        [](int token) { return kindOfField(headerFields, exactHeaderTokens, token); });
+    m_headerValues =
+        valuesOver(m_headerValues, readSection(section, m_headerTokens, Tokens::SYSTPL), headerFields);
     HeaderModel &header = m_model.header;
     header.uniqueId = m_headerValues.value(Tokens::TPL_PK);
     header.key = m_headerValues.value(Tokens::TPL_Key);
@@ -328,8 +272,7 @@ void LegacyModelBuilder::readHeader(const XmlElement &section)
 void LegacyModelBuilder::readView(const XmlElement &section)
 {
     const SectionValues values =
-        valuesOf(section, readSection(section, m_viewTokens, TextRule::FirstAfterStartTag), programViewFields,
-                 [](int token) { return kindOfField(programViewFields, exactViewTokens, token); });
+        valuesOf(section, readSection(section, m_viewTokens, Tokens::PROGVIEW), programViewFields);
     ViewModel view;
     view.at = section.at();
     view.id = values.value(Tokens::PV_PK);
@@ -345,9 +288,8 @@ void LegacyModelBuilder::readView(const XmlElement &section)
 
 void LegacyModelBuilder::readListItem(const XmlElement &section)
 {
-    const SectionValues values = valuesOf(
-        section, readSection(section, m_listItemTokens, TextRule::FirstAfterStartTag), listItemFields,
-        [](int token) { return kindOfField(listItemFields, exactItemTokens, token); });
+    const SectionValues values =
+        valuesOf(section, readSection(section, m_listItemTokens, Tokens::SYSLIST), listItemFields);
     const Value name = values.value(Tokens::LIST_Name);
     if (name.isEmpty()) {
         m_model.itemsWithoutList.push_back(section.at());
@@ -369,26 +311,21 @@ void LegacyModelBuilder::readListItem(const XmlElement &section)
 
 void LegacyModelBuilder::readColumn(const XmlElement &section)
 {
-    const auto readings = readSection(section, m_columnTokens, TextRule::DirectlyAfterStartTag);
+    const auto readings = readSection(section, m_columnTokens, Tokens::SYSCOL);
     const std::size_t valuesBefore = m_model.values.size();
-    // Limits are judged when the column's type is known.
-    const auto kindOf = [](int token) {
-        const bool isJudgedLater = isOneOf(token, limitTokens) || isOneOf(token, referenceTokens);
-        return isJudgedLater ? ValueKind::Text : kindOfField(columnFields, exactColumnTokens, token);
-    };
-    const SectionValues values = valuesOf(section, readings, columnFields, kindOf);
+    const SectionValues values = valuesOf(section, readings, columnFields);
     ColumnModel column;
     column.at = section.at();
     fillColumn(values, column);
     findValueTransferReset(readings, column);
     applyFixedValues(column);
-    keepNumbersOf(column, QStringLiteral("COL_RangeFrom"), QStringLiteral("COL_RangeTo"),
-                  QStringLiteral("COL_Steps"), m_model.values);
+    keepNumbersOf(column, nameOf(Tokens::COL_RangeFrom), nameOf(Tokens::COL_RangeTo),
+                  nameOf(Tokens::COL_Steps), m_model.values);
     if (column.type == CTemplateColumn::Text) {
-        m_model.values.push_back({column.length, QStringLiteral("COL_Length"), ValueKind::Integer});
+        m_model.values.push_back({column.length, nameOf(Tokens::COL_Length), ValueKind::Integer});
     } else if (column.type == CTemplateColumn::Decimal) {
         m_model.values.push_back(
-            {values.value(Tokens::COL_Precision), QStringLiteral("COL_Precision"), ValueKind::Integer});
+            {values.value(Tokens::COL_Precision), nameOf(Tokens::COL_Precision), ValueKind::Integer});
     }
     if (column.type == CTemplateColumn::Unknown) {
         m_model.values.resize(valuesBefore); // nobody gets them
@@ -467,18 +404,18 @@ BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
 {
     BandModel band;
     band.at = element.at();
-    const auto read = [&](const char *name, ValueKind kind) {
-        const XmlAttribute *attribute = element.attribute(QLatin1String(name));
+    const auto read = [&](const FormatRow &row) {
+        const XmlAttribute *attribute = element.attribute(row.attribute);
         if (!attribute) {
             return Value{QString(), element.at()};
         }
         const Value value{m_document.valueOf(*attribute), attribute->at};
-        m_model.values.push_back({value, QLatin1String(name), kind});
+        m_model.values.push_back({value, row.attribute, row.kind});
         return value;
     };
-    band.from = read("numberFrom", ValueKind::Real);
-    band.to = read("numberTo", ValueKind::Real);
-    band.color = read("color", ValueKind::Exact);
+    band.from = read(legendAttribute(&CTemplateLegendDataItem::numberFrom));
+    band.to = read(legendAttribute(&CTemplateLegendDataItem::numberTo));
+    band.color = read(legendAttribute(&CTemplateLegendDataItem::color));
     band.lower = band.from.isGiven() ? band.from.text.toDouble() : band.lower;
     band.upper = band.to.isGiven() ? band.to.text.toDouble() : band.upper;
     return band;
@@ -489,7 +426,7 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
     std::vector<BandModel> *legend = &m_model.legends[0];
     int lastPastLimit = -1;
     SectionValues captions(section.at());
-    const auto readings = readSection(section, m_legendTokens, TextRule::EveryWithinElement);
+    const auto readings = readSection(section, m_legendTokens, Tokens::LegendOfClassification);
     for (const auto &reading : readings) {
         switch (reading.token) {
         case Tokens::Section:

@@ -9,7 +9,7 @@
 #include "tools/text/DisplayText.h"
 
 #include "format_current/CurrentFormat_p.h"
-#include "format_legacy/CTemplateTokenizer.h"
+#include "format_legacy/LegacyFormat_p.h"
 
 #include "host/CCatalogTemplateRegistry.h"
 #include "host/CTemplateDescriptor.h"
@@ -24,7 +24,7 @@ using namespace Templates;
 
 namespace {
 
-/// Elements that only one of the formats has.
+/// Elements that only the current format has.
 constexpr QLatin1String currentMarks[] = {
     nameOf(CurrentElement::TemplateIdentifier),
     nameOf(CurrentElement::View),
@@ -33,15 +33,6 @@ constexpr QLatin1String currentMarks[] = {
     nameOf(CurrentElement::DefaultValues),
     nameOf(CurrentElement::AssignedCatalogs),
     nameOf(CurrentElement::ClassificationColorScopes),
-};
-constexpr QLatin1String legacyMarks[] = {
-    QLatin1String("TobrixTemplate"),
-    QLatin1String("TXSYS"),
-    QLatin1String("SYSTPL"),
-    QLatin1String("PROGVIEW"),
-    QLatin1String("SYSCOL"),
-    QLatin1String("SYSLIST"),
-    QLatin1String("LegendOfClassification"),
 };
 
 template <typename Names>
@@ -66,19 +57,6 @@ void checkContainers(const XmlTree &tree, Findings &findings)
             }
         }
     }
-}
-
-/// What the parser says, and what it leaves to guess: what a file ends within that ends too early.
-QString explanationOf(const CheckedFile &file)
-{
-    const QString explanation = printable(file.verdict().explanation);
-    const XmlUnfinished &unfinished = file.tree().unfinished();
-    if (file.faultAt() < file.source().size() || unfinished.isNull()) {
-        return explanation;
-    }
-    return QStringLiteral("%1 within %2 of line %3")
-        .arg(explanation, unfinished.words)
-        .arg(file.lineOf(unfinished.at));
 }
 
 QString effectOfMalformation(const CheckedFile &file)
@@ -171,12 +149,10 @@ bool hasUnknownRoot(const CheckedFile &file)
 
 void checkWellFormed(const CheckedFile &file, Findings &findings)
 {
-    if (file.verdict().isWellFormed || !file.excess().isEmpty()) {
-        return;
+    if (!file.malformation().isEmpty()) {
+        findings.add(file.faultAt(), QStringLiteral("not well-formed, %1: %2")
+                                         .arg(printable(file.malformation()), effectOfMalformation(file)));
     }
-    findings.add(
-        file.faultAt(),
-        QStringLiteral("not well-formed, %1: %2").arg(explanationOf(file), effectOfMalformation(file)));
 }
 
 void checkLimits(const CheckedFile &file, Findings &findings)
@@ -192,7 +168,9 @@ void checkFolder(const CheckedFile &file, Findings &findings)
 {
     const XmlTree &tree = file.tree();
     const bool isOfCurrent = hasAnyOf(tree, currentMarks);
-    const bool isOfLegacy = hasAnyOf(tree, legacyMarks);
+    const bool isOfLegacy =
+        std::any_of(std::begin(legacySections), std::end(legacySections),
+                    [&tree](const auto &section) { return tree.numberOf(section.row.element) >= 0; });
     if (file.isCurrent() && isOfLegacy && !isOfCurrent) {
         findings.add(
             tree.root().at(),
@@ -308,7 +286,7 @@ void checkKeys(const CheckedFile &file, Findings &findings)
     const TemplateModel &model = file.model();
     if (isMissing(model.header.key)) {
         const QString element =
-            file.isCurrent() ? QString(nameOf(CurrentElement::Name)) : QStringLiteral("TPL_Key");
+            file.isCurrent() ? nameOf(CurrentElement::Name) : headerFields[Tokens::TPL_Key - 1].row.element;
         findings.add(placeOfMissing(model.header.key, model.header.at),
                      QStringLiteral("the template has no key (%1)%2: the host shows none")
                          .arg(element, butWhiteSpace(model.header.key)));

@@ -1,7 +1,7 @@
 #include "tools/check/rules/Vocabulary.h"
 
 #include "format_current/CurrentFormat_p.h"
-#include "format_legacy/LegacyVocabulary_p.h"
+#include "format_legacy/LegacyFormat_p.h"
 
 #include <QMap>
 #include <QSet>
@@ -12,27 +12,20 @@ using namespace Templates;
 
 namespace {
 
-template <typename Rows>
-QStringList namesOf(const Rows &rows)
+/// The names of the elements below each section, and of containers and sections under a null name.
+const QMap<QString, QStringList> &legacyNames()
 {
-    QStringList names;
-    for (const auto &row : rows) {
-        names.append(row.name);
-    }
+    static const QMap<QString, QStringList> names = [] {
+        QMap<QString, QStringList> all;
+        for (const auto &section : legacySections) {
+            all[QString()].append(section.row.element);
+            for (int i = 0; i < section.rows.count; ++i) {
+                all[section.row.element].append(section.rows.at(i).element);
+            }
+        }
+        return all;
+    }();
     return names;
-}
-
-const QMap<QString, QStringList> &legacySections()
-{
-    static const QMap<QString, QStringList> sections{
-        {QString(), namesOf(templateElements)},
-        {QStringLiteral("SYSTPL"), namesOf(templateInfoElements)},
-        {QStringLiteral("PROGVIEW"), namesOf(programViewElements)},
-        {QStringLiteral("SYSCOL"), namesOf(columnElements)},
-        {QStringLiteral("SYSLIST"), namesOf(listItemElements)},
-        {QStringLiteral("LegendOfClassification"), namesOf(legendElements)},
-    };
-    return sections;
 }
 
 } // namespace
@@ -70,12 +63,12 @@ QStringList currentAttributeNames(const QString &elementName)
 
 QStringList legacyElementNames(const QString &section)
 {
-    return legacySections().value(section);
+    return legacyNames().value(section);
 }
 
 QString legacySectionOf(const QString &elementName)
 {
-    const auto &sections = legacySections();
+    const auto &sections = legacyNames();
     for (auto it = sections.cbegin(); it != sections.cend(); ++it) {
         if (!it.key().isEmpty() && it->contains(elementName)) {
             return it.key();
@@ -86,16 +79,18 @@ QString legacySectionOf(const QString &elementName)
 
 bool isSectionOrPart(const QString &elementName)
 {
-    return legacySections().contains(elementName) || !legacySectionOf(elementName).isEmpty();
+    return legacyNames().contains(elementName) || !legacySectionOf(elementName).isEmpty();
 }
 
 QStringList legacyAttributeNames(const QString &elementName)
 {
-    if (elementName != QLatin1String("class")) {
-        return QStringList();
+    QStringList names;
+    for (const auto &attribute : legendAttributes) {
+        if (elementName == attribute.row.element) {
+            names.append(attribute.row.attribute);
+        }
     }
-    return {QStringLiteral("id"), QStringLiteral("color"), QStringLiteral("numberFrom"),
-            QStringLiteral("numberTo")};
+    return names;
 }
 
 } // namespace Tobrix::Tools

@@ -1,4 +1,4 @@
-#include "tools/loading/FileAccess.h"
+#include "loading/FileAccess_p.h"
 
 #include <QFile>
 
@@ -6,7 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace Tobrix::Tools {
+namespace Tobrix::Templates {
 
 namespace {
 
@@ -47,4 +47,4 @@ QString whyNotOpened(const QString &fileName)
     return QStringLiteral("cannot be opened");
 }
 
-} // namespace Tobrix::Tools
+} // namespace Tobrix::Templates

@@ -1,0 +1,10 @@
+#pragma once
+
+class QString;
+
+namespace Tobrix::Templates {
+
+/// Why a file is not opened, in words: the end of a sentence that begins with its name.
+QString whyNotOpened(const QString &fileName);
+
+} // namespace Tobrix::Templates

@@ -1,0 +1,55 @@
+#include "tools/commands/LoadingArguments.h"
+
+#include "loading/TemplateFormats_p.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Tobrix::Tools {
+
+using namespace Templates;
+
+namespace {
+
+QCommandLineOption hidden(QCommandLineOption option)
+{
+    option.setFlags(QCommandLineOption::HiddenFromHelp);
+    return option;
+}
+
+} // namespace
+
+LoadingArguments::LoadingArguments(CommandLine &commandLine)
+    : m_commandLine(commandLine)
+    , m_as(QStringLiteral("as"),
+           QStringLiteral("Read all files as the \"current\" or the \"legacy\" format, wherever they are."),
+           QStringLiteral("FORMAT"))
+    , m_qtParser(hidden(QCommandLineOption(QStringLiteral("qt-parser"))))
+{
+    m_commandLine.addOption(m_as);
+    m_commandLine.addOption(m_qtParser);
+}
+
+std::optional<ExitStatus> LoadingArguments::take(Console &console)
+{
+    if (m_commandLine.isSet(m_qtParser)) {
+        m_options.way = XmlWay::Qt;
+    }
+    if (m_commandLine.isSet(m_as)) {
+        const QString name = m_commandLine.values(m_as).last();
+        const auto row = std::find_if(std::begin(templateFormats), std::end(templateFormats),
+                                      [&name](const auto &format) { return format.name == name; });
+        if (row == std::end(templateFormats)) {
+            return m_commandLine.refuse(
+                QStringLiteral("There is no template format \"%1\": current and legacy are.").arg(name),
+                console);
+        }
+        m_options.format = row->format;
+    } else if (m_commandLine.arguments().contains(standardInput)) {
+        return m_commandLine.refuse(QStringLiteral("Standard input has no path: say its format with --as."),
+                                    console);
+    }
+    return std::nullopt;
+}
+
+} // namespace Tobrix::Tools
