@@ -719,17 +719,6 @@ constexpr bool isText(CurrentValue value)
     return attributeOf(value).isEmpty() && rowOf(value).kind != ValueKind::Presence;
 }
 
-/// Whether some look-up takes every element of a name.
-constexpr bool isTakenEvery(CurrentElement element)
-{
-    for (const auto &row : currentLookups) {
-        if (row.element == element && row.take == CurrentTake::Every) {
-            return true;
-        }
-    }
-    return false;
-}
-
 namespace CurrentTables {
 
 constexpr FormatRow formatRow(const CurrentValueRow &row)
@@ -769,6 +758,12 @@ inline constexpr auto currentFormatRows =
 constexpr const FormatRow &formatRowOf(CurrentValue value)
 {
     return currentFormatRows[indexOf(value)];
+}
+
+/// The value of one of these rows, for observers of a reading.
+inline CurrentValue valueOf(const FormatRow &row)
+{
+    return static_cast<CurrentValue>(&row - currentFormatRows.data());
 }
 
 } // namespace Tobrix::Templates

@@ -22,8 +22,10 @@ CurrentElement elementOfName(const QString &name)
 constexpr std::array<bool, indexOf(CurrentElement::Count)> elementsTakenEvery()
 {
     std::array<bool, indexOf(CurrentElement::Count)> taken = {};
-    for (std::size_t i = 0; i < taken.size(); ++i) {
-        taken[i] = isTakenEvery(static_cast<CurrentElement>(i));
+    for (const auto &row : currentLookups) {
+        if (row.take == CurrentTake::Every) {
+            taken[indexOf(row.element)] = true;
+        }
     }
     return taken;
 }

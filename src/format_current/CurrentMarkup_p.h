@@ -144,7 +144,7 @@ private:
         m_every; // of those that some look-up takes all of
     mutable QString m_buffer;
     mutable TextPool m_pool;
-    // Elements in each other may all have one and the same text, however long it is.
+    // Nested elements may all have one and the same text, however long it is.
     mutable QHash<std::pair<quintptr, quintptr>, QString> m_longTexts;
 };
 

@@ -115,8 +115,7 @@ void CurrentObservation::fileDefault(const QString &path, const QString &view, c
 {
     m_observer.fileDefault(path, view, value, element);
     const auto earlier = m_defaults.constFind({path, view});
-    // In nested scopes the same one is filed for each.
-    if (earlier != m_defaults.cend() && *earlier != element) {
+    if (earlier != m_defaults.cend()) {
         passOver(*earlier, Reason::Replaced, element);
     }
     m_defaults.insert({path, view}, element);

@@ -301,8 +301,15 @@ void CurrentReading::fileItems(const ListRecord &list, int element)
 
 void CurrentReading::readDefaults()
 {
-    for (const int scope : m_markup.every(Lookup::DefaultScope, m_markup.first(Lookup::Defaults))) {
-        for (const int item : m_markup.every(Lookup::DefaultItem, scope)) {
+    const auto scopes = m_markup.every(Lookup::DefaultScope, m_markup.first(Lookup::Defaults));
+    std::vector<std::vector<int>> items(static_cast<std::size_t>(scopes.count()));
+    // In nested scopes an item is one of each, and counts as one of the last, which is the innermost.
+    visitWithin(m_markup.document(), {scopes.begin(), scopes.end()}, m_markup.every(Lookup::DefaultItem),
+                [&](int element, const std::vector<std::size_t> &around) {
+                    items[around.back()].push_back(element);
+                });
+    for (const auto &itemsOfScope : items) {
+        for (const int item : itemsOfScope) {
             readDefault(item);
         }
     }
@@ -472,8 +479,9 @@ void CurrentReading::readLegends()
         begin(Lookup::ColorScope, scope);
         // Hosts show the default scheme alone.
         const bool isShown = m_markup.is(Value::ScopeScheme, scope, CurrentWords::defaultScheme);
-        const bool isLateral = isShown && m_markup.is(Value::ScopeKind, scope, CurrentWords::lateralScope);
-        if (!isLateral && !(isShown && m_markup.is(Value::ScopeKind, scope, CurrentWords::sectionScope))) {
+        const QString kind = isShown ? m_markup.text(Value::ScopeKind, scope) : QString();
+        const bool isLateral = kind == CurrentWords::lateralScope;
+        if (!isLateral && kind != CurrentWords::sectionScope) {
             passOver(scope, Reason::OtherScope);
             continue;
         }

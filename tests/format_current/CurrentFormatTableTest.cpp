@@ -138,6 +138,7 @@ void CurrentFormatTableTest::formatRowIsThatOfItsValue()
     QVERIFY(caption.attribute.isEmpty());
     QVERIFY(isText(CurrentValue::ColumnCaption));
     QVERIFY(!isText(CurrentValue::ColumnIsMandatory));
+    QCOMPARE(valueOf(caption), CurrentValue::ColumnCaption);
 }
 
 void CurrentFormatTableTest::wordsAreThoseOfTheirTables()

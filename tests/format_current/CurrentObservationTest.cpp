@@ -10,6 +10,9 @@
 #include "rawdata/TemplateLimits_p.h"
 #include "xml/XmlDocument_p.h"
 
+#include <QDir>
+#include <QFile>
+#include <QMap>
 #include <QTest>
 
 using namespace Tobrix::Templates;
@@ -42,7 +45,7 @@ public:
                                     : QStringLiteral(" instead of ") + QString::number(value.overwritten);
         add(QStringLiteral("take %1%2 = %3%4%5")
                 .arg(nameOf(value.element), attribute, value.result.toString(), object, instead));
-        m_texts += value.text >= 0 ? 1 : 0;
+        ++m_reports[{value.attribute ? -1 : value.text, value.attribute}];
     }
     void fileView(const CProgramView &view, int element) override
     {
@@ -76,6 +79,7 @@ public:
     }
     void passOver(int node, const XmlDocument::Attribute *attribute, Reason reason, int inFavourOf) override
     {
+        ++m_reports[{attribute ? -1 : node, attribute}];
         const QString what =
             attribute ? nameOf(node) + QStringLiteral("@") + m_document->nameOf(*attribute) : nameOf(node);
         const QString instead =
@@ -85,7 +89,11 @@ public:
     }
 
     const QStringList &lines() const { return m_lines; }
-    int texts() const { return m_texts; }
+    /// How often a text or an attribute was reported.
+    int reportsOf(int node, const XmlDocument::Attribute *attribute) const
+    {
+        return m_reports.value({node, attribute});
+    }
 
 private:
     QString nameOf(int node) const
@@ -97,7 +105,7 @@ private:
 
     const XmlDocument *m_document = nullptr;
     QStringList m_lines;
-    int m_texts = 0;
+    QMap<std::pair<int, const XmlDocument::Attribute *>, int> m_reports;
 };
 
 QStringList traceOf(const QByteArray &elements)
@@ -119,6 +127,8 @@ private Q_SLOTS:
     void lineIsReported_data();
     void lineIsReported();
     void everyNodeIsReportedOnce();
+    void attributesAndTextsOfSamplesAreReportedOnce_data();
+    void attributesAndTextsOfSamplesAreReportedOnce();
     void excessIsReportedWithItsElement_data();
     void excessIsReportedWithItsElement();
     void brokenDocumentIsReadAsFarAsItGoes();
@@ -210,6 +220,35 @@ void CurrentObservationTest::everyNodeIsReportedOnce()
                                   QStringLiteral("pass over \"c\": comment")};
     QCOMPARE(lines.mid(1), expected.mid(1));
     QCOMPARE(lines.size(), expected.size());
+}
+
+void CurrentObservationTest::attributesAndTextsOfSamplesAreReportedOnce_data()
+{
+    QTest::addColumn<QString>("file");
+    const QDir folder(QStringLiteral(TOBRIX_SOURCE_DIR "/samples/templates_new"));
+    for (const auto &file : folder.entryInfoList({QStringLiteral("*.xml")}, QDir::Files)) {
+        QTest::newRow(qPrintable(file.fileName())) << file.filePath();
+    }
+}
+
+void CurrentObservationTest::attributesAndTextsOfSamplesAreReportedOnce()
+{
+    QFETCH(QString, file);
+    QFile opened(file);
+    QVERIFY(opened.open(QIODevice::ReadOnly));
+    const XmlDocument document = XmlDocument::parse(opened.readAll(), XmlDialect::Dom);
+    CTemplateRawData rawData;
+    Trace trace;
+    QVERIFY(readCurrentDocument(document, rawData, &trace));
+    for (int node = 0; node < document.size(); ++node) {
+        if (!document.isElement(node)) {
+            QVERIFY2(trace.reportsOf(node, nullptr) == 1, qPrintable(document.text(node)));
+            continue;
+        }
+        for (const auto &attribute : document.attributes(node)) {
+            QVERIFY2(trace.reportsOf(-1, &attribute) == 1, qPrintable(document.nameOf(attribute)));
+        }
+    }
 }
 
 void CurrentObservationTest::excessIsReportedWithItsElement_data()
