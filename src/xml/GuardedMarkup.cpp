@@ -142,11 +142,16 @@ GuardedMarkup::GuardedMarkup(const QByteArray &bytes)
     setData(bytes);
     open(QIODevice::ReadOnly);
     if (bytes.size() > Limits::fileSize) {
-        m_excess = QStringLiteral("a file of more than %1 bytes").arg(Limits::fileSize);
+        m_excess = excessOfSize();
     }
 }
 
 GuardedMarkup::~GuardedMarkup() = default;
+
+QString GuardedMarkup::excessOfSize()
+{
+    return QStringLiteral("a file of more than %1 bytes").arg(Limits::fileSize);
+}
 
 bool GuardedMarkup::isFaultBeforeExcess(int line, int column) const
 {

@@ -21,6 +21,9 @@ public:
     explicit GuardedMarkup(const QByteArray &bytes);
     ~GuardedMarkup() override;
 
+    /// The limit of bytes, in words.
+    static QString excessOfSize();
+
     /// The limit that is exceeded, in words; empty when none was as far as the bytes have been read.
     QString excess() const { return m_excess; }
     /// Where it is exceeded: line and column, from 1.
