@@ -315,8 +315,11 @@ bool XmlStrictParser::requireUtf8()
     const auto *at = reinterpret_cast<const unsigned char *>(m_begin);
     const auto *const end = reinterpret_cast<const unsigned char *>(m_end);
     while (at != end) {
-        if (*at < 0x80) {
-            ++at;
+        constexpr quint64 highBits = 0x8080'8080'8080'8080;
+        const bool isPlainWord = end - at >= std::ptrdiff_t(sizeof(quint64)) &&
+                                 (load<quint64>(reinterpret_cast<const char *>(at)) & highBits) == 0;
+        if (isPlainWord || *at < 0x80) {
+            at += isPlainWord ? sizeof(quint64) : 1;
             continue;
         }
         const int size = *at >= 0xF0 ? 4 : *at >= 0xE0 ? 3 : 2;
