@@ -13,7 +13,7 @@ class QTextDecoder;
 
 namespace Tobrix::Templates {
 
-/// The bytes of a template file on their way into one of Qt's parsers. They end where a limit is exceeded.
+/// The bytes of a template file as one of Qt's parsers gets them. They end where a limit is exceeded.
 class GuardedMarkup : public QBuffer
 {
 public:
@@ -21,14 +21,14 @@ public:
     explicit GuardedMarkup(const QByteArray &bytes);
     ~GuardedMarkup() override;
 
-    /// The limit that is exceeded, in words; empty when none was as far as the bytes have been read.
+    /// The limit that is exceeded, in words; empty when none is in the bytes read so far.
     QString excess() const { return m_excess; }
     /// Where it is exceeded: line and column, from 1.
     int excessLine() const { return m_place.line(); }
     int excessColumn() const { return m_place.column(); }
 
-    /// Whether a parser found a fault before the place where the limit is exceeded: the excess is only a
-    /// consequence of the fault then, of a missing quote for example.
+    /// Whether a parser found a fault before the limit was exceeded. Then the exceeded limit is only a
+    /// consequence of the fault, of a missing quote for example.
     /// @param line where the parser stopped, from 1; 0 when it found no fault
     /// @param column where the parser stopped, from 1
     bool isFaultBeforeExcess(int line, int column) const;
@@ -55,7 +55,7 @@ private:
     QByteArray m_heldBack;
     QString m_excess;
     TextPlace m_place;
-    TextPlace m_givenPlace; // m_place may be ahead of it by what is held back
+    TextPlace m_givenPlace; // m_place may be ahead of it by the held-back bytes
 };
 
 } // namespace Tobrix::Templates
