@@ -1,8 +1,7 @@
-// What checking templates costs beside loading them, on as many cores.
+// Compares the time to check templates with the time to load them, on as many cores.
 //
-// Writes many files of one size, in each format, and goes through all of them in turn: once to load them,
-// once to check them. Prints the median times of some rounds, and their ratio. check-benchmark [files
-// [kilobytes of a file]]
+//   check-benchmark [FILES [KILOBYTES]]   writes so many files of that size in each format, and prints the
+//                                         median times over some rounds, and their ratio
 
 #include "GeneratedTemplate.h"
 #include "Workload.h"
@@ -27,7 +26,7 @@ namespace {
 
 constexpr int rounds = 5;
 
-/// As many columns as a file of a size holds.
+/// The number of columns for a file size.
 int columnsOfSize(Format format, int bytes)
 {
     constexpr int some = 400;

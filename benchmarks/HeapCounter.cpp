@@ -29,8 +29,7 @@ void uncounted(void *memory)
 
 } // namespace
 
-// The C library's own allocator under its internal names; the program's definitions below take the public
-// ones.
+// The C library's own allocator under its internal names; the definitions below replace the public ones.
 extern "C" {
 void *__libc_malloc(std::size_t size);
 void *__libc_calloc(std::size_t count, std::size_t size);

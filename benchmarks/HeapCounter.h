@@ -4,14 +4,14 @@
 
 namespace Tobrix::Benchmarks {
 
-/// What was taken from malloc. Counted at malloc itself: Qt's strings do not pass through operator new.
+/// Memory taken from malloc(). Counted there since Qt's strings do not use operator new.
 struct HeapCount
 {
-    double allocations = 0; ///< Calls that gave memory.
-    double bytesHeld = 0;   ///< Bytes that were not given back, as malloc rounds them.
+    double allocations = 0; ///< Successful calls.
+    double bytesHeld = 0;   ///< Bytes not freed, as malloc() rounds them.
 };
 
-/// Counts while it exists, on one thread, one at a time. Costs next to nothing at any other time.
+/// Counts during its lifetime, on one thread, one counter at a time. Costs almost nothing otherwise.
 class HeapCounter
 {
 public:

@@ -1,11 +1,9 @@
-// How much loading a template costs beside the bare parse of its file by Qt's parser of the format.
+// Compares the time to load a template with the time for a bare parse of its file by Qt's parser.
 //
-//   load-benchmark [FILTER]   runs what a regular expression finds, such as "current/.*/1000$", and prints a
-//                             row for each; the exit code is 1 when one of them is over a bound
-//
-// The work of a row runs in turn in one process and is timed each; times are medians. For a profiler, one
-// load or one bare parse:
+//   load-benchmark [FILTER]   runs the rows that match a regular expression, such as "current/.*/1000$", and
+//                             prints them; the exit code is 1 when one of them is over a bound
 //   load-benchmark --once load|parse current/short/1000
+//                             runs one load or one bare parse, for a profiler
 
 #include "GeneratedTemplate.h"
 #include "HeapCounter.h"
@@ -53,13 +51,13 @@ struct Measurement
     double parseTime = 0;
     double pugixmlTime = 0;
     double loadTime = 0;
-    double growth = 0; ///< Time a column beside that of a template of columnsOfBase columns.
-    double held = 0;   ///< Bytes that the finished template holds.
-    double peak = 0;   ///< Memory of a process that loads once beyond one that does nothing, in bytes.
+    double growth = 0; ///< Time per column, relative to a template of columnsOfBase columns.
+    double held = 0;   ///< Bytes in use by the template.
+    double peak = 0;   ///< Peak memory of a process that loads once, less that of an idle process, in bytes.
     double allocations = 0;
 };
 
-/// What a measurement must not exceed.
+/// The bounds of a measurement.
 struct Bounds
 {
     double loadPerParse;
@@ -111,7 +109,7 @@ void parseWithPugixml(const QString &fileName)
 template <typename Work>
 double secondsOf(Work work)
 {
-    // Freeing a document leaves the heap in a state that the next run would pay for.
+    // Freeing a document leaves the heap in a state that would slow down the next run.
     malloc_trim(0);
     const auto start = std::chrono::steady_clock::now();
     work();
@@ -127,7 +125,7 @@ double medianOf(std::vector<double> values)
 
 void measureTimes(const Case &measured, const QString &file, const QString &baseFile, Measurement &result)
 {
-    // Runs of the template that growth is relative to, so many that most find their code in the cache.
+    // Runs of the template that growth is relative to: enough for a warm instruction cache.
     constexpr int runsOfBase = 5;
     std::vector<double> parseTimes;
     std::vector<double> pugixmlTimes;
@@ -167,14 +165,14 @@ Measurement measure(const QString &folder, const Case &measured)
     const QString file = writeGeneratedTemplate(folder, measured.format, measured.shape, measured.columns);
     const QString baseFile = writeGeneratedTemplate(folder, measured.format, measured.shape, columnsOfBase);
     Measurement result;
-    // What the first load of a process creates for good is no template's.
+    // Memory that the first load allocates once per process does not count.
     measureTimes(measured, file, baseFile, result);
     measureMemory(measured, file, result);
     return result;
 }
 
 /// Prints a value with its bound.
-/// @return whether the bound is kept
+/// @return whether the value is within the bound
 bool printBounded(double value, double bound, int width, int decimals)
 {
     const bool isKept = value <= bound;
@@ -205,7 +203,7 @@ void printHead()
                 "all kept");
 }
 
-/// @return whether all bounds are kept
+/// @return whether all values are within their bounds
 bool printRow(const Case &measured, const Measurement &result)
 {
     const Bounds bounds = boundsOf(measured, result);

@@ -16,8 +16,8 @@ namespace {
 
 constexpr const char *childMark = "--measured-child";
 
-/// The most memory that this process has had so far, in bytes. getrusage() would do, but that of a child
-/// counts what its parent had when it started the child.
+/// The peak memory of this process so far, in bytes. getrusage() of a child process includes the memory of
+/// its parent at the time of the fork.
 qint64 ownPeakMemory()
 {
     QFile status(QStringLiteral("/proc/self/status"));

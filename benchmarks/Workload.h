@@ -13,7 +13,7 @@ namespace Tobrix::Benchmarks {
 /// Loads a template as a host does. Ends the program when that fails.
 std::unique_ptr<Templates::CCatalogTemplate> load(const QString &fileName);
 
-/// The bare parse by the parser of Qt's that defines the format, with the document's deletion.
+/// The bare parse by Qt's parser of the format, including the deletion of the document.
 void parseBare(const QString &fileName, Format format);
 
 } // namespace Tobrix::Benchmarks

@@ -1,7 +1,7 @@
 #pragma once
 
-// Included before everything else in builds with clang++: Qt 5's QLatin1String measures a literal with
-// strlen(), which GCC evaluates in constant expressions and clang does not, but for its built-in form.
+// Included first in builds with clang++: Qt 5's QLatin1String calls strlen(), which GCC evaluates in constant
+// expressions; clang does so only for the built-in function.
 
 #include <cstring>
 

@@ -1,5 +1,5 @@
-// Any bytes go through the reader of the current format and through the plain one. What the two find, and
-// what is built of it, must be the same in everything that can be observed.
+// Reads any bytes with the reader of the current format and with the plain one. The records and the templates
+// built from them must be equal in everything that can be observed.
 
 #include "fuzzing/FuzzInput.h"
 #include "fuzzing/PlainTemplateReader.h"

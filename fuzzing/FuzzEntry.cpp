@@ -1,5 +1,5 @@
-// Any bytes are loaded as a host loads a file, once from a folder of each format, and whatever comes of them
-// is walked over as the tool does it: every property is asked for, every problem explained.
+// Loads any bytes as a host loads a file, once from a folder of each format, and reads every property and
+// every report as the tool does.
 
 #include "tools/json/TemplateJson.h"
 #include "tools/loading/TemplateLoading.h"
@@ -19,7 +19,7 @@ using namespace Tobrix;
 
 namespace {
 
-/// A file that is written and read in memory, in a folder of a given name.
+/// A file in memory, in a folder of a given name.
 class FileInFolder
 {
 public:

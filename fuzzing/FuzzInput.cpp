@@ -14,8 +14,7 @@ QString fileOf(const std::uint8_t *bytes, std::size_t size)
 
 } // namespace Tobrix::Fuzzing
 
-/// Called by libFuzzer once, before the first input. What the library logs is not of interest, and there
-/// would be a great deal of it.
+/// Called by libFuzzer once, before the first input. Turns off the library's log.
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
 {
     Tobrix::Standalone::StandaloneHost::instance().setLogSink([](int, const QString &, const QString &) {});

@@ -7,7 +7,7 @@
 
 namespace Tobrix::Fuzzing {
 
-/// Writes an input into a file in memory, the same one for every input.
+/// Writes an input to a file in memory, the same one for every input.
 /// @return the file's path
 QString fileOf(const std::uint8_t *bytes, std::size_t size);
 

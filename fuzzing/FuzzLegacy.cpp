@@ -1,4 +1,4 @@
-// Any bytes go through the reader of the legacy format.
+// Reads any bytes with the reader of the legacy format.
 
 #include "fuzzing/FuzzInput.h"
 

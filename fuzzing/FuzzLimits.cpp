@@ -1,5 +1,5 @@
-// Any bytes go through the guard into both of Qt's parsers. Whatever the parsers make of them must be within
-// the limits: a file that the guard understands in another way than a parser does would get past it.
+// Passes any bytes through the guard to both of Qt's parsers. Their output must be within the limits: a file
+// that the guard parses differently could exceed them.
 
 #include "xml/GuardedMarkup_p.h"
 #include "xml/XmlLimits_p.h"
@@ -15,7 +15,7 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-/// How far a parser went.
+/// The output of a parser.
 struct Extent
 {
     int depth = 0;
@@ -45,8 +45,8 @@ Extent streamedExtent(QIODevice &file)
     Extent extent;
     QXmlStreamReader xml(&file);
     int depth = 0;
-    // At a limit the device goes on for ever, in the eyes of the parser: only the error tells that it is at
-    // its end.
+    // When a limit is exceeded, the device seems endless to the parser: only the error shows that it has
+    // ended.
     while (!xml.hasError() && xml.tokenType() != QXmlStreamReader::EndDocument) {
         const auto token = xml.readNext();
         if (token == QXmlStreamReader::StartElement) {

@@ -1,9 +1,8 @@
-// Any bytes are made a document in both ways, by the strict parser and by Qt's, and each document is read.
-// Whatever the strict parser does not leave to Qt's must come to the same: the document, the raw record, how
-// the reading ended, the template built from it, and the log.
+// Parses any bytes with the strict parser and with Qt's, and reads both documents. Unless the strict parser
+// refuses the bytes, document, raw record, reading result, template and log must be equal.
 //
-// An input that begins with "C" or "L" goes through the current or the legacy format without that letter,
-// any other one through both.
+// An input that begins with "C" or "L" is read in the current or the legacy format without that letter, any
+// other one in both.
 
 #include "fuzzing/RecordLines.h"
 #include "fuzzing/XmlMutator.h"
@@ -55,7 +54,7 @@ Format formats[] = {
 
 std::string logLines;
 
-/// All that can be observed of what reading a document results in.
+/// Everything that can be observed after reading a document.
 std::string readingOf(const XmlDocument &document, const Format &format)
 {
     std::string lines;
@@ -82,7 +81,7 @@ std::string_view lineAt(const std::string &lines, std::size_t begin)
                                 : "(end)";
 }
 
-/// Prints the first line that differs, and the ones before it, which say of what it is.
+/// Prints the first line that differs, with the lines before it for context.
 [[noreturn]] void reportDifference(const Format &format, const std::string &strict, const std::string &qt)
 {
     constexpr int linesBefore = 12;
@@ -107,8 +106,7 @@ std::string_view lineAt(const std::string &lines, std::size_t begin)
     std::abort();
 }
 
-/// Documents that the strict parser has read, some of the latest: what begins as one of them most often stays
-/// one when it is changed.
+/// Recent documents that the strict parser has read: mutations of these are mostly accepted as well.
 std::vector<std::string> readDocuments;
 
 void keep(std::string_view input)
@@ -165,7 +163,7 @@ const Format *formatOf(std::string_view input)
     return format == std::end(formats) ? nullptr : format;
 }
 
-/// A copy: the parser needs the zero that ends a byte array of its own.
+/// A copy: the parser needs the terminating zero of a byte array that owns its data.
 QByteArray bytesOf(std::string_view document)
 {
     return QByteArray(document.data(), static_cast<int>(document.size()));
@@ -222,7 +220,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *bytes, std::size_t 
     }
     base.remove_prefix(format ? 1 : 0);
     format = format ? format : &formats[random() % std::size(formats)];
-    // What the strict parser refuses is of interest now and then.
+    // Documents that the strict parser refuses are only tried occasionally.
     int attempts = random() % 8 == 0 ? 1 : 6;
     std::string mutated;
     do {

@@ -1,5 +1,5 @@
-// Runs a fuzz target where there is no libFuzzer: no coverage is measured, and so nothing learnt, but ten
-// times as many inputs are tried. Understands the options that scripts/fuzz gives; others have no effect.
+// Runs a fuzz target without libFuzzer: no coverage feedback, but ten times as many inputs. Accepts the
+// options that scripts/fuzz passes; other options are ignored.
 
 #include <chrono>
 #include <csignal>
@@ -36,7 +36,7 @@ std::minstd_rand randomNumbers;
 Input currentInput;
 std::string findingPath;
 
-/// Keeps the input that broke something.
+/// Saves the input that caused a failure.
 void keepInput(int signal)
 {
     if (std::FILE *file = std::fopen(findingPath.c_str(), "wb")) {
@@ -121,7 +121,7 @@ long long runMutated(const Options &options, const std::vector<Input> &seeds)
 
 } // namespace
 
-/// Changes some bytes, as libFuzzer's function of this name does, only less cleverly.
+/// Changes some bytes; a simple replacement for libFuzzer's function of this name.
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *bytes, std::size_t size, std::size_t)
 {
     for (auto changes = size == 0 ? 0 : randomNumbers() % 4 + 1; changes > 0; --changes) {

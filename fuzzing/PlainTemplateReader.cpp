@@ -43,7 +43,7 @@ QDomElement first(const Node &below, const QString &name)
     return below.elementsByTagName(name).item(0).toElement();
 }
 
-/// The value of an attribute; null when the element has none of that name, or is none itself.
+/// The value of an attribute; null when the element is null or has no such attribute.
 QString attributeOf(const QDomElement &element, const QString &name)
 {
     return element.attribute(name, QString());
@@ -71,7 +71,7 @@ bool isKey(const QString &property)
     return property.endsWith(QLatin1String("_Key"));
 }
 
-/// The number of elements of a name that the containers of a name hold, counted in each of them.
+/// The number of elements of a name in the containers of a name, counted in each of them.
 qint64 countWithinEach(const QDomDocument &document, const QString &container, const QString &name)
 {
     qint64 count = 0;
@@ -81,7 +81,7 @@ qint64 countWithinEach(const QDomDocument &document, const QString &container, c
     return count;
 }
 
-/// The scopes of the colour scheme that hosts show, the default one.
+/// The scopes of the default colour scheme, which is the one that hosts show.
 QList<QDomElement> defaultScopes(const QDomDocument &document)
 {
     QList<QDomElement> scopes;
@@ -94,8 +94,8 @@ QList<QDomElement> defaultScopes(const QDomDocument &document)
     return scopes;
 }
 
-/// The group level that an attribute of "GroupLevel" stands for, 1 to 9: the sixth character of its name. 0
-/// when the name has no such digit there.
+/// The group level of an attribute of "GroupLevel", 1 to 9: the sixth character of its name. 0 when that is
+/// no such digit.
 int levelOfAttribute(const QString &name)
 {
     const QString digit = name.mid(5, 1);
@@ -129,7 +129,7 @@ void readBinding(const QDomElement &view, const QDomElement &column, CColumnData
         return;
     }
     const QString display = attributeOf(reference, QStringLiteral("DisplayPropertyName"));
-    // A key is shown in place of its reference only where a detail form must have it.
+    // A key replaces its reference only where a detail form requires it.
     if (!isKey(display) || (data.isMandatory && data.boundColumn.endsWith(QLatin1String("_FK")) &&
                             attributeOf(view, QStringLiteral("Kind")) == QLatin1String("Detail"))) {
         data.boundColumn += QLatin1Char('.') + display;
@@ -159,7 +159,7 @@ void readRestrictions(const QDomElement &column, CColumnData &data)
     data.isReadOnly = !first(column, QStringLiteral("ReadOnlyRestriction")).isNull();
     data.isVirtual = !first(column, QStringLiteral("VirtualRestriction")).isNull();
 
-    // The restriction says at which levels a column is shown: one without it is never shown.
+    // The restriction lists the levels at which a column is shown: without it, never.
     const QDomElement visibility = first(column, QStringLiteral("VisibilityRestriction"));
     data.isVisible = !visibility.isNull();
     if (attributeOf(visibility, QStringLiteral("Simple")) == QLatin1String("false")) {
@@ -211,8 +211,8 @@ bool PlainTemplateReader::readFile(const QString &fileName, CTemplateRawData &ra
         return false;
     }
     GuardedMarkup markup(file.readAll());
-    // A file that is not well-formed leaves what stands before the fault, one over a limit nothing. What a
-    // fault makes look like an exceeded limit is no more than a fault.
+    // A file that is not well-formed is read up to its fault, one over a limit not at all. When a fault
+    // causes the exceeded limit, only the fault counts.
     int faultLine = 0;
     int faultColumn = 0;
     m_document.setContent(&markup, false, nullptr, &faultLine, &faultColumn);
@@ -250,7 +250,7 @@ void PlainTemplateReader::readTemplateData()
 {
     const QDomElement identifier = first(m_document, QStringLiteral("TemplateIdentifier"));
     m_rawData->uniqueId = attributeOf(identifier, QStringLiteral("Id"));
-    // A template's name is the prefix of its lists' names as well.
+    // A template's name is also the prefix of its lists' names.
     m_rawData->key = first(m_document, QStringLiteral("Name")).text();
     m_rawData->listNamePrefix = first(m_document, QStringLiteral("Name")).text();
     m_rawData->description = attributeOf(identifier, QStringLiteral("Description"));
@@ -268,7 +268,7 @@ void PlainTemplateReader::readClassificationColorPreset()
         if (attributeOf(preset, QStringLiteral("Scope")) != QLatin1String("Section")) {
             continue;
         }
-        // Name and fields may come from two presets: the scan goes on until there is one of each.
+        // Name and fields may come from two presets: the search continues until both are found.
         const QString name = attributeOf(preset, QStringLiteral("ClassificationColorName"));
         if (!name.isNull()) {
             m_rawData->defaultSecClassName = name;
@@ -336,7 +336,7 @@ void PlainTemplateReader::readProgramView()
         sortBySortOrder(columns);
         view->setColumns(columns);
 
-        // Of several views with one id the last counts.
+        // Of several views with one id the last one wins.
         delete m_rawData->programViews.take(view->uniqueId());
         m_rawData->programViews.insert(view->uniqueId(), view.get());
         view.release();
@@ -348,7 +348,7 @@ void PlainTemplateReader::readColumns(const QDomElement &view, QList<CTemplateCo
     for (const auto &element : all(view, QStringLiteral("Column"))) {
         const CColumnData data = readColumn(view, element);
         if (!isExcluded(data)) {
-            // Null for a column of unknown data type: the view keeps its place.
+            // Null for a column of unknown data type, which keeps its position in the view.
             columns.append(CTemplateBuilder::buildColumn(data));
         }
     }

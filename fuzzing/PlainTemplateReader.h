@@ -15,9 +15,8 @@ struct CColumnData;
 
 namespace Tobrix::Fuzzing {
 
-/// Reads templates of the current format in the plainest way: every look-up is a search of its own, by name,
-/// through the document. Far too slow for hosts, but easily seen to be right: what the library's reader finds
-/// has to be the same.
+/// Reads templates of the current format by the simplest code: every look-up is a separate search of the
+/// document by name. Too slow for hosts, but easy to verify; the library's reader must give the same result.
 ///
 /// A reader may read several files one after the other, on one thread.
 class PlainTemplateReader : public Templates::AbstractTemplateXmlReader
@@ -26,7 +25,7 @@ public:
     PlainTemplateReader();
     ~PlainTemplateReader() override;
 
-    /// Reads one file, with the results of the library's reader of the current format.
+    /// Reads one file, with the same result as the library's reader of the current format.
     bool readFile(const QString &fileName, Templates::CTemplateRawData &rawData) override;
 
 private:

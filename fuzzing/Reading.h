@@ -9,7 +9,7 @@ class AbstractTemplateXmlReader;
 
 namespace Tobrix::Fuzzing {
 
-/// What a reader finds in a file, and what is built of it.
+/// The raw record of a file, and the template built from it.
 struct Reading
 {
     QJsonObject record;
@@ -21,7 +21,7 @@ struct Reading
 Reading readingOf(Templates::AbstractTemplateXmlReader &reader, const QString &fileName,
                   bool isCurrentFormat);
 
-/// Ends the program when two readings differ, and prints the first line in which they do.
+/// Aborts when two readings differ, and prints the first different line.
 /// @param actualName what the readings are of, in words
 void requireSame(const char *actualName, const Reading &actual, const char *expectedName,
                  const Reading &expected);

@@ -242,7 +242,7 @@ private:
     void appendText(int text)
     {
         const QString content = m_document.text(text);
-        // White space that no reader can see may be missing.
+        // Whitespace that no reader uses may be missing.
         const bool isSpare = m_document.dialect() == XmlDialect::Stream && m_hasText && m_hasEnd &&
                              m_document.node(text).kind == XmlDocument::Node::Text &&
                              content.trimmed().isEmpty();

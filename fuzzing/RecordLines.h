@@ -10,14 +10,14 @@ struct CTemplateRawData;
 
 namespace Tobrix::Fuzzing {
 
-// Everything that can be observed of an object, one property a line, in ASCII: null texts differ from empty
-// ones, numbers are written by their bits, the order of all collections is their own.
+// Everything that can be observed of an object, one property per line, in ASCII: null texts differ from empty
+// ones, numbers are written as bit patterns, collections keep their order.
 
 void appendLines(std::string &lines, const Templates::CTemplateRawData &record);
 void appendLines(std::string &lines, Templates::CCatalogTemplate &catalogTemplate);
 
-/// What both ways of making a document must agree on: elements, their attributes by name, pieces of text and
-/// what separates them.
+/// The parts of a document on which both parsers must agree: elements, attributes by name, texts, and what
+/// separates texts.
 void appendLines(std::string &lines, const Templates::XmlDocument &document);
 
 } // namespace Tobrix::Fuzzing

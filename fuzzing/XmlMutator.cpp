@@ -15,7 +15,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// What the two parsers take for white space, and what only looks so.
+/// Whitespace for the two parsers, and characters that only look like it.
 const Words whiteSpaces = {" ",        "\n",           "\r\n",     "\r",           "\t",    "\n  ",
                            "\xC2\xA0", "\xEF\xBB\xBF", "\xC2\x85", "\xE2\x80\xA8", "&#32;", "&#10;",
                            "&#13;",    "&#9;",         "&#xA0;",   "\xE3\x80\x80", "\v"};
@@ -25,7 +25,7 @@ const Words references = {"&amp;",     "&lt;",   "&gt;",      "&quot;",         
                           "&#0;",      "&#x;",   "&unknown;", "&#x110000;",     "&#xD800;",
                           "&amp;amp;", "&",      "&#00065;",  "&#x00000000041;"};
 
-/// What separates pieces of text.
+/// Constructs that separate chunks of text.
 const Words separators = {"<!---->",
                           "<!-- -->",
                           "<!--a-b-->",
@@ -125,7 +125,7 @@ std::size_t endOfName(const std::string &token, std::size_t start)
     return start;
 }
 
-/// The place after a piece of markup that begins at a place.
+/// The place after a construct of markup that begins at a place.
 std::size_t endOfMarkup(std::string_view document, std::size_t start)
 {
     const auto after = [&](const char *terminator, std::size_t size) {
@@ -141,7 +141,7 @@ std::size_t endOfMarkup(std::string_view document, std::size_t start)
     return document.compare(start, 2, "<?") == 0 ? after("?>", 2) : after(">", 1);
 }
 
-/// The text between the first and the last quotation mark of a dictionary's line, its escapes resolved.
+/// The quoted text in a line of a dictionary, with escapes resolved.
 std::string wordOf(const std::string &line)
 {
     std::string word;
@@ -235,7 +235,7 @@ std::string XmlMutator::anyAttribute()
     return below(3) == 0 ? anyOf(namespaces) : anyOf(m_attributes) + "=" + quote + anyText() + quote;
 }
 
-/// Cuts a document into markup and texts.
+/// Splits a document into tokens of markup and text.
 void XmlMutator::split(std::string_view document)
 {
     m_tokens.clear();
@@ -275,7 +275,7 @@ std::size_t XmlMutator::endOfElement(std::size_t start) const
     return at;
 }
 
-/// A start tag; the number of tokens when there is none.
+/// The next start tag; the number of tokens when there is none.
 std::size_t XmlMutator::anyStartTag()
 {
     const std::size_t first = anyToken();
@@ -346,7 +346,7 @@ void XmlMutator::changeTag()
     }
 }
 
-/// Inserts, repeats, empties or deletes an attribute, or puts something into a tag or value.
+/// Inserts, repeats, empties or deletes an attribute, or inserts something into a tag or value.
 void XmlMutator::changeAttributes(std::string &tag)
 {
     const std::size_t end = tag.size() - (isEmptyElement(tag) ? 2 : 1);
@@ -399,7 +399,7 @@ void XmlMutator::renameElement()
     }
 }
 
-/// Turns an element into an empty one, by one tag or two.
+/// Makes an element empty, with one tag or two.
 void XmlMutator::toggleEmptyElement()
 {
     const std::size_t at = anyStartTag();
@@ -417,7 +417,7 @@ void XmlMutator::toggleEmptyElement()
     take(at + 1, end);
 }
 
-/// Puts something into a token that is no tag, or into one for once.
+/// Inserts something into a token, most often one that is no tag.
 void XmlMutator::changeText()
 {
     std::string &token = m_tokens[anyToken()];
@@ -447,7 +447,7 @@ void XmlMutator::changeProlog()
     }
 }
 
-/// A document in the encoding that it declares, or, now and then, in another one.
+/// Encodes a document as it declares, or occasionally in another encoding.
 std::string XmlMutator::encode(const std::string &document)
 {
     const std::size_t declared = document.find("encoding=");

@@ -8,15 +8,15 @@
 
 namespace Tobrix::Fuzzing {
 
-/// Changes documents token by token, so that most of them stay well-formed, or nearly so: the mistakes that
-/// bytes changed at random make are all found in the first few of them.
+/// Mutates documents by tokens, so that most stay well-formed or nearly so. Random changes of bytes are
+/// mostly rejected near the start.
 class XmlMutator
 {
 public:
-    /// @param dictionary path of a libFuzzer dictionary: names and values that templates are written with
+    /// @param dictionary path of a libFuzzer dictionary: names and values used in templates
     explicit XmlMutator(const char *dictionary);
 
-    /// Makes some changes to a document, in any of the encodings that templates are in.
+    /// Makes some changes to a document in any encoding that templates have.
     std::string mutate(std::string_view document, std::uint32_t seed);
 
 private:

@@ -102,9 +102,9 @@ void printList(const QString &name, const CTemplateLogic &logic, QTextStream &ou
 void printLegend(const QString &name, const QList<CTemplateLegendDataItem> &legend, QTextStream &out)
 {
     out << "legend " << name << '\n';
-    for (const auto &band : legend) {
-        out << "  " << band.numberFrom << " to " << band.numberTo << ": " << band.color << ' ' << band.textA
-            << '\n';
+    for (const auto &legendClass : legend) {
+        out << "  " << legendClass.numberFrom << " to " << legendClass.numberTo << ": " << legendClass.color
+            << ' ' << legendClass.textA << '\n';
     }
 }
 

@@ -10,13 +10,12 @@
 #include <type_traits>
 #include <utility>
 
-// The current format: which elements a template may have, where the reader looks for them, which values it
-// takes from them and what these mean. Whatever deals with the format reads these tables; its names stand
-// nowhere else.
+// The current format: its elements, where the reader looks for them, which values it takes from them and what
+// they mean. No other file of the library or its tools contains these names.
 
 namespace Tobrix::Templates {
 
-/// The elements that mean something in the format.
+/// The elements that have a meaning in the format.
 enum class CurrentElement : unsigned char {
     TemplateIdentifier,
     Name,
@@ -65,9 +64,9 @@ enum class CurrentElement : unsigned char {
     Count ///< The number of elements; of a name that is none of them.
 };
 
-/// The look-ups that the reader makes: elements of one name at any depth below those of another look-up.
+/// The look-ups of the reader: elements of one name at any depth below those of another look-up.
 enum class CurrentLookup : unsigned char {
-    Document, ///< No look-up: where all others begin.
+    Document, ///< No look-up: the start of all others.
 
     Identifier,
     TemplateName,
@@ -122,11 +121,11 @@ enum class CurrentLookup : unsigned char {
     Count
 };
 
-/// Which elements of a name a look-up takes.
+/// Which of several elements of a name a look-up takes.
 enum class CurrentTake : unsigned char {
     Every,
-    First,          ///< The first one; another one says something that is lost.
-    FirstOfSeveral, ///< The first one; the others are for other languages, or say the same again.
+    First,          ///< The first one; the data of another one is lost.
+    FirstOfSeveral, ///< The first one; others are for other languages, or repeat it.
     FirstOfAll      ///< The first one of the document, where other elements may have parts of the same name.
 };
 
@@ -201,7 +200,7 @@ enum class CurrentValue : unsigned char {
     Count
 };
 
-/// What is done with a value that is more than to convert it and to keep it.
+/// What is done with a value besides converting and storing it.
 enum class CurrentRule : unsigned char {
     None,
     TwoFields,
@@ -234,7 +233,7 @@ struct CurrentLookupRow
     CurrentLookup below;
     CurrentElement element;
     CurrentTake take;
-    QLatin1String meaning; ///< What such an element is, as a phrase for people.
+    QLatin1String meaning; ///< What such an element is, as a phrase for users.
 };
 
 struct CurrentRuleRow
@@ -254,28 +253,28 @@ struct CurrentValueRow
     QLatin1String meaning;
 };
 
-/// An editor control's name with the code that columns keep.
+/// The name of an editor control, and its code in columns.
 struct ControlTypeName
 {
     QLatin1String name;
     int controlType;
 };
 
-/// A system of units with the unit of length that templates keep.
+/// A system of units, and the unit of length in templates.
 struct UnitSystemName
 {
     QLatin1String name;
     QLatin1String unit;
 };
 
-/// A data type's name with its three-letter code.
+/// The name of a data type, and its three-letter code.
 struct DataTypeName
 {
     QLatin1String name;
     QLatin1String code;
 };
 
-/// A column that is left out of every view by what it is bound to.
+/// A binding of columns that are left out of every view.
 struct ExcludedBinding
 {
     QLatin1String key; ///< Bound column, "_" and table.
@@ -435,7 +434,7 @@ inline constexpr CurrentLookupRow currentLookups[] = {
      QLatin1String("the text of the second caption")},
 };
 
-/// A column may go without a control, so the empty name is a control's name too. Mind the spellings: "textbox" in
+/// A column may have no control, so the empty name is one of the names. The spelling differs: "textbox" in
 /// some names, "TextBox" in another.
 inline constexpr ControlTypeName controlTypeNames[] = {
     {QLatin1String(""), 0},
@@ -674,7 +673,7 @@ inline constexpr CurrentValueRow currentValues[] = {
 
 // clang-format on
 
-/// The number of an enumerator, which is that of its row.
+/// The index of an enumerator's row.
 template <typename Enum>
 constexpr std::size_t indexOf(Enum enumerator)
 {
@@ -732,7 +731,7 @@ constexpr std::array<FormatRow, sizeof...(Indices)> formatRows(std::index_sequen
     return {formatRow(currentValues[Indices])...};
 }
 
-/// Whether each row of a table stands at the number of its enumerator.
+/// Whether each row of a table is at the index of its enumerator.
 template <typename Enum, typename Row, std::size_t Size>
 constexpr bool isIndexed(const Row (&rows)[Size], Enum Row::*key)
 {
@@ -751,7 +750,7 @@ static_assert(isIndexed(currentValues, &CurrentValueRow::value), "a row for each
 
 } // namespace CurrentTables
 
-/// The values as rows like those of any other format, in the same order.
+/// The values as rows of the common type, in the same order.
 inline constexpr auto currentFormatRows =
     CurrentTables::formatRows(std::make_index_sequence<std::size(currentValues)>());
 
@@ -760,7 +759,7 @@ constexpr const FormatRow &formatRowOf(CurrentValue value)
     return currentFormatRows[indexOf(value)];
 }
 
-/// The value of one of these rows, for observers of a reading.
+/// The value of one of these rows.
 inline CurrentValue valueOf(const FormatRow &row)
 {
     return static_cast<CurrentValue>(&row - currentFormatRows.data());

@@ -9,7 +9,7 @@ namespace {
 
 using Lookup = CurrentLookup;
 
-/// What is limited, counted in each of the containers around it.
+/// A limited element, and the containers in which it is counted.
 struct LimitedLookup
 {
     Lookup container;

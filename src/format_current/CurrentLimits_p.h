@@ -6,14 +6,15 @@ namespace Tobrix::Templates {
 
 class CurrentMarkup;
 
-/// What a document has more of than a template may have.
+/// The limit that a document exceeds.
 struct CurrentExcess
 {
-    int element = -1; ///< The first one that is too many; -1 when there is none.
+    int element = -1; ///< The first element over the limit; -1 when there is none.
     QString explanation;
 };
 
-/// Counts what the reader would make of a document, where containers may be nested and share what they hold.
+/// Counts the objects that the reader would create from a document. Elements in nested containers count for
+/// each of them.
 CurrentExcess excessOf(const CurrentMarkup &markup);
 
 } // namespace Tobrix::Templates

@@ -10,7 +10,7 @@ namespace Tobrix::Templates {
 
 namespace {
 
-/// Texts from this size on are kept for elements that have the same one.
+/// Texts of at least this size are cached for elements that share them.
 constexpr quint32 longText = 1024;
 
 CurrentElement elementOfName(const QString &name)
@@ -155,7 +155,7 @@ int CurrentMarkup::groupLevels(int element) const
     if (element < 0) {
         return levels;
     }
-    // A level counts when any attribute of it says so.
+    // A level is set when any attribute sets it.
     for (const auto &attribute : m_document.attributes(element)) {
         const int level = levelOfName(m_document.nameOf(attribute));
         if (level > 0 && !XmlDocument::isSuperseded(attribute)) {
@@ -231,7 +231,7 @@ QString CurrentMarkup::textOf(int element) const
 
 QString CurrentMarkup::textInPieces(int element) const
 {
-    // Elements around the same texts have the same text.
+    // Nested elements around the same text nodes have the same text.
     std::pair<quintptr, quintptr> texts;
     quint64 size = 0;
     for (int node = element + 1; node < m_document.end(element); ++node) {

@@ -16,13 +16,12 @@ namespace Tobrix::Templates {
 
 class CurrentObservation;
 
-/// A document of the current format, in which elements and values are found by the rows of the format's
-/// tables and by nothing else. An element is named by its node; -1 stands for one that was not found, which
-/// has no values and nothing below it.
+/// A document of the current format. Elements and values are looked up only by the rows of the format's
+/// tables. An element is given by its node; -1 is one that was not found, without values and descendants.
 class CurrentMarkup
 {
 public:
-    /// Elements in document order.
+    /// A range of elements in document order.
     class Elements
     {
     public:
@@ -38,7 +37,7 @@ public:
         const int *m_last = nullptr;
     };
 
-    /// The first element of each name below an element, for look-ups of many of them.
+    /// The first element of each name below an element, for several look-ups.
     class Parts
     {
     public:
@@ -58,11 +57,11 @@ public:
     /// @param document must outlive this
     explicit CurrentMarkup(const XmlDocument &document);
 
-    /// From now on reports what is found and taken; null to end that.
+    /// Sets the observer of look-ups and values; null for none.
     void setObservation(CurrentObservation *observation) { m_observation = observation; }
 
     const XmlDocument &document() const { return m_document; }
-    /// What the name of an element means; CurrentElement::Count for nothing.
+    /// The element of a name; CurrentElement::Count for an unknown name.
     CurrentElement elementAt(int node) const { return m_elements[m_document.node(node).name]; }
 
     /// The first element of a look-up in the whole document.
@@ -70,7 +69,7 @@ public:
     /// The first element of a look-up below another one.
     int first(CurrentLookup lookup, int below) const;
     Parts partsOf(int element) const;
-    /// All elements of a look-up in the whole document, whatever they stand in.
+    /// All elements of a look-up in the whole document, at any depth.
     Elements every(CurrentLookup lookup) const;
     /// All elements of a look-up below another one.
     Elements every(CurrentLookup lookup, int below) const;
@@ -84,13 +83,13 @@ public:
         return element < 0 ? nullptr : m_document.attribute(element, m_attributes[indexOf(value)]);
     }
 
-    /// A value as it stands; null when it is absent.
+    /// A value as text; null when it is absent.
     QString text(CurrentValue value, int element) const;
-    /// The same for a value that many elements share: one copy of it serves them all.
+    /// The same for a value that many elements share: one copy serves all.
     QString sharedText(CurrentValue value, int element) const;
 
     /// The value of an attribute, converted from a QStringRef.
-    /// @param absent what an absent attribute gives
+    /// @param absent the result for an absent attribute
     template <typename T, typename Convert>
     T converted(CurrentValue value, int element, Convert convert, T absent = T()) const
     {
@@ -111,9 +110,9 @@ public:
     bool flag(CurrentValue value, int element) const;
     int integer(CurrentValue value, int element, int absent = 0) const;
     double real(CurrentValue value, int element, double absent = 0.0) const;
-    /// Whether the value of an attribute is a word.
+    /// Whether the value of an attribute equals a word.
     bool is(CurrentValue value, int element, QLatin1String word) const;
-    /// Whether an element that is a value by its presence was found.
+    /// Whether an element was found whose presence is its value.
     bool isPresent(CurrentValue value, int element) const;
 
 private:
@@ -141,18 +140,17 @@ private:
     std::array<int, indexOf(CurrentValue::Count)> m_attributes; // the numbers of their names
     std::array<int, indexOf(CurrentElement::Count)> m_first;    // in the document
     std::array<std::vector<int>, indexOf(CurrentElement::Count)>
-        m_every; // of those that some look-up takes all of
+        m_every; // for the names that some look-up takes all elements of
     mutable QString m_buffer;
     mutable TextPool m_pool;
-    // Nested elements may all have one and the same text, however long it is.
+    // Nested elements may all share one long text.
     mutable QHash<std::pair<quintptr, quintptr>, QString> m_longTexts;
 };
 
-/// Goes through elements with the containers around each of them, which may be nested.
+/// Visits elements together with the containers around each of them, which may be nested.
 /// @param containers in document order
-/// @param visit takes an element and the indexes of the containers around it, the outermost first; called
-/// where
-///        there are any
+/// @param visit gets an element and the indexes of the containers around it, the outermost first; not called
+///        without any
 template <typename Visit>
 void visitWithin(const XmlDocument &document, const std::vector<int> &containers,
                  const CurrentMarkup::Elements &elements, Visit visit)

@@ -11,14 +11,14 @@
 
 namespace Tobrix::Templates {
 
-/// Tells an observer what a reading does, and keeps account of it, so that what was passed over can be
-/// reported at the end with the reason.
+/// Reports a reading to an observer, and records what was taken, so that everything skipped can be reported
+/// at the end with the reason.
 class CurrentObservation
 {
 public:
     CurrentObservation(const CurrentMarkup &markup, ReadingObserver &observer);
 
-    /// From now on, values are for the object of an element, which a look-up has found.
+    /// The next values are for the object of an element that a look-up has found.
     void begin(CurrentLookup lookup, int element);
     void find(CurrentLookup lookup, int element);
     /// @param attribute that has the value; null for a text or a presence
@@ -33,7 +33,7 @@ public:
     void fileDefault(const QString &path, const QString &view, const QString &value, int element);
     void fileList(const QString &name, int classType, int element);
 
-    /// To be called after the reading: reports everything that nothing has taken, in document order.
+    /// To be called after the reading: reports everything that was not taken, in document order.
     void reportRest();
 
 private:
@@ -41,9 +41,9 @@ private:
     struct Around
     {
         int end;
-        quint64 lookups;                                      // that found it, a bit for each
-        bool isPassedOver;                                    // itself
-        bool isHidden;                                        // as is all below it that nothing has found
+        quint64 lookups;   // that found it, a bit for each
+        bool isPassedOver; // the element itself is skipped
+        bool isHidden;     // the element and all unfound descendants are skipped
         std::array<int, indexOf(CurrentLookup::Count)> first; // found below it
     };
 
@@ -63,9 +63,9 @@ private:
     int m_classNameOf = -1;      // the preset that gave the class name last
     QHash<QString, int> m_views; // elements by id
     QMap<std::pair<QString, QString>, int> m_defaults;
-    std::vector<quint64> m_lookups;   // by node: those that found it, a bit for each
+    std::vector<quint64> m_lookups;   // by node: the look-ups that found it, a bit for each
     std::vector<bool> m_isTaken;      // texts, by node
-    std::vector<bool> m_isPassedOver; // elements that the reader has reported, by node
+    std::vector<bool> m_isPassedOver; // elements reported by the reader, by node
     std::vector<bool> m_isAttributeTaken;
     std::vector<Around> m_around;
 };

@@ -28,7 +28,7 @@ using Lookup = CurrentLookup;
 using Value = CurrentValue;
 using Reason = ReadingObserver::Reason;
 
-/// A column as it stands in the document. What depends on the view that it is for is filled in anew for each.
+/// A column of the document. Fields that depend on its view are filled in for each view.
 struct ColumnRecord
 {
     CColumnData data;
@@ -41,7 +41,7 @@ struct ColumnRecord
     QString shownTable;        ///< of this table.
 };
 
-/// An item of a list as it stands in the document. Every list around it gets an item of its own.
+/// An item of the document. Each list around it gets its own copy.
 struct ItemRecord
 {
     QString item;
@@ -50,7 +50,7 @@ struct ItemRecord
     int sortOrder = 0;
 };
 
-/// A value list with the elements of its items.
+/// A value list and the elements of its items.
 struct ListRecord
 {
     QString name;
@@ -67,7 +67,7 @@ struct ViewRecord
     QList<CTemplateColumn *> columns;
 };
 
-/// The codes of data types, each in one copy for all columns.
+/// The codes of data types, one shared copy of each.
 QString codeOfType(const QStringRef &name)
 {
     static const std::vector<QString> codes = [] {
@@ -103,10 +103,10 @@ CListItem *newItem(const ItemRecord &record)
     return item.release();
 }
 
-/// Binds a column of a view to its own database column, or to what that refers to where the view shows it.
+/// Binds a column of a view to its own database column, or to the referenced one where the view shows it.
 void bindColumn(ColumnRecord &record, bool isForDetails)
 {
-    // A key is shown in place of its reference only where a detail form must have it.
+    // A key replaces its reference only where a detail form requires it.
     const bool isShown =
         record.hasReference &&
         (!record.showsKey || (isForDetails && record.data.isMandatory && isForeignKey(record.ownColumn)));
@@ -152,7 +152,7 @@ private:
         return m_markup.text(value, m_markup.first(rowOf(value).lookup, element));
     }
 
-    /// From now on, values are for the object of an element.
+    /// The next values are for the object of an element.
     void begin(Lookup lookup, int element)
     {
         if (m_observation) {
@@ -172,7 +172,8 @@ private:
     QMap<QString, int> m_listClasses;
     // By path and name of the view.
     QMap<std::pair<QString, QString>, QString> m_defaults;
-    // A pool serves as the set of paths that have a default in some view, since no file can slow it down.
+    // The pool serves as the set of paths that have a default in some view: a file cannot cause hash
+    // collisions in it.
     TextPool m_pathsWithDefault;
 };
 
@@ -192,7 +193,7 @@ void CurrentReading::readHeader()
 {
     const int identifier = m_markup.first(Lookup::Identifier);
     m_rawData.uniqueId = m_markup.text(Value::TemplateId, identifier);
-    // A template's name is the prefix of its lists' names as well.
+    // A template's name is also the prefix of its lists' names.
     m_rawData.key = m_markup.text(Value::TemplateName, m_markup.first(Lookup::TemplateName));
     m_rawData.listNamePrefix = m_rawData.key;
     m_rawData.description = m_markup.text(Value::TemplateDescription, identifier);
@@ -213,7 +214,7 @@ void CurrentReading::readPresets()
             passOver(preset, Reason::OtherScope);
             continue;
         }
-        // Name and fields may come from two presets: the scan goes on until there is one of each.
+        // Name and fields may come from two presets: the search continues until both are found.
         const QString name = m_markup.text(Value::PresetClassName, preset);
         if (!name.isNull()) {
             m_rawData.defaultSecClassName = name;
@@ -288,7 +289,7 @@ ItemRecord CurrentReading::readItem(int element)
 
 void CurrentReading::fileItems(const ListRecord &list, int element)
 {
-    // The newest item goes before those of its list that are there, so their place need not be looked for.
+    // Newest first: inserting an item before those of its list needs no search for the position.
     auto newest = m_rawData.listItems.cend();
     for (int i = 0; i < list.items.size(); ++i) {
         newest = m_rawData.listItems.insertMulti(newest, list.name, list.items[i]);
@@ -303,7 +304,7 @@ void CurrentReading::readDefaults()
 {
     const auto scopes = m_markup.every(Lookup::DefaultScope, m_markup.first(Lookup::Defaults));
     std::vector<std::vector<int>> items(static_cast<std::size_t>(scopes.count()));
-    // In nested scopes an item is one of each, and counts as one of the last, which is the innermost.
+    // In nested scopes an item is added for each, and counts for the innermost, which is the last.
     visitWithin(m_markup.document(), {scopes.begin(), scopes.end()}, m_markup.every(Lookup::DefaultItem),
                 [&](int element, const std::vector<std::size_t> &around) {
                     items[around.back()].push_back(element);
@@ -375,7 +376,7 @@ void CurrentReading::fileView(ViewRecord &record, int element)
     if (m_observation) {
         m_observation->fileView(*record.view, element);
     }
-    // Of several views with one id the last counts.
+    // Of several views with one id the last one wins.
     CProgramView *&filed = m_rawData.programViews[record.view->uniqueId()];
     delete filed;
     filed = record.view.release();
@@ -419,7 +420,7 @@ void CurrentReading::readRestrictions(const CurrentMarkup::Parts &parts, CColumn
 
 void CurrentReading::readVisibility(int visibility, CColumnData &data)
 {
-    // The restriction says at which levels a column is shown: one without it is never shown.
+    // The restriction lists the levels at which a column is shown: without it, never.
     data.isVisible = m_markup.isPresent(Value::ColumnIsVisible, visibility);
     const auto isNotFalse = [](const QStringRef &text) { return text != CurrentWords::no; };
     if (m_markup.converted<bool>(Value::ColumnIsVisibleEverywhere, visibility, isNotFalse, true)) {
@@ -431,7 +432,7 @@ void CurrentReading::readVisibility(int visibility, CColumnData &data)
 
 void CurrentReading::readNumericRange(int range, CColumnData &data)
 {
-    // A limit that the file leaves out keeps the value that columns have from the start.
+    // A limit that is missing in the file keeps its initial value.
     data.stepInterval = m_markup.real(Value::ColumnStep, range, data.stepInterval);
     data.precision = m_markup.integer(Value::ColumnPrecision, range, data.precision);
     data.minimumValue = m_markup.real(Value::ColumnMinimum, range, data.minimumValue);
@@ -461,11 +462,11 @@ void CurrentReading::fileColumn(ColumnRecord &record, int element, ViewRecord &v
         return;
     }
     data.viewRef = view.view->uniqueId();
-    // Few columns have a default, and a look-up among pairs of texts is a long one.
+    // Few columns have a default, and a look-up by a pair of texts is expensive.
     data.defaultValue = m_pathsWithDefault.contains(data.boundColumn)
                             ? m_defaults.value({data.boundColumn, view.name})
                             : QString();
-    // Null for a column of unknown data type: the view keeps its place.
+    // Null for a column of unknown data type, which keeps its position in the view.
     CTemplateColumn *column = CTemplateBuilder::buildColumn(data);
     view.columns.append(column);
     if (m_observation) {
@@ -477,7 +478,7 @@ void CurrentReading::readLegends()
 {
     for (const int scope : m_markup.every(Lookup::ColorScope, m_markup.first(Lookup::ColorScopes))) {
         begin(Lookup::ColorScope, scope);
-        // Hosts show the default scheme alone.
+        // Hosts show only the default scheme.
         const bool isShown = m_markup.is(Value::ScopeScheme, scope, CurrentWords::defaultScheme);
         const QString kind = isShown ? m_markup.text(Value::ScopeKind, scope) : QString();
         const bool isLateral = kind == CurrentWords::lateralScope;

@@ -7,11 +7,11 @@
 
 #include <algorithm>
 
-// What the format does with values that is no row of a table.
+// Conversions and rules of the format that are not table rows.
 
 namespace Tobrix::Templates {
 
-/// The row of a name in a table of names; null when it has none.
+/// The row of a name in a table of names; null when there is none.
 template <typename Row, std::size_t Size>
 const Row *rowOfName(const Row (&rows)[Size], QStringView name)
 {
@@ -20,8 +20,8 @@ const Row *rowOfName(const Row (&rows)[Size], QStringView name)
     return found == std::end(rows) ? nullptr : found;
 }
 
-/// The group level that an attribute of a group-level element stands for, 1 to 9: the sixth character of its
-/// name. 0 when the name has no such digit there.
+/// The group level of an attribute of a group-level element, 1 to 9: the sixth character of its name. 0 when
+/// that is no such digit.
 inline int levelOfName(QStringView name)
 {
     constexpr int digitPosition = 5;
@@ -50,7 +50,7 @@ inline QString shownPath(const QString &reference, const QString &property)
     return reference + QLatin1Char('.') + property;
 }
 
-/// Whether a column is left out of every view: its bound column, "_" and its table spell an excluded key.
+/// Whether a column is left out of every view: its bound column, "_" and its table equal an excluded key.
 inline bool isExcluded(QStringView boundColumn, QStringView table)
 {
     const auto isKey = [&](const ExcludedBinding &binding) {

@@ -20,8 +20,8 @@ std::array<QString, Size> namesOf(const Row (&rows)[Size])
     return names;
 }
 
-// The tokenizer's keys are views of these texts, so these must be created before it and destroyed after it:
-// they stand above it in this file, and in no other.
+// The tokenizer's keys are views of these texts, so these must be constructed before it and destroyed after
+// it: they precede it in this file.
 const auto templateNames = namesOf(legacySections);
 const auto templateInfoNames = namesOf(headerFields);
 const auto programViewNames = namesOf(programViewFields);

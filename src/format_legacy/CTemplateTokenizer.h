@@ -7,11 +7,10 @@
 
 #include <memory>
 
-/// Turns the element names of the legacy format into tokens. Names are looked up in the table of the section
-/// that the reader is in: a name that is known in one section is unknown in another. Names are compared
-/// exactly.
+/// Converts the element names of the legacy format to tokens. Each section has its own table, and names are
+/// compared exactly.
 ///
-/// Look-ups copy no text, and may run on any number of threads at once.
+/// Look-ups copy no text and are thread-safe.
 class TOBRIX_TEMPLATES_EXPORT CTemplateTokenizer
 {
 public:
@@ -111,39 +110,39 @@ public:
         Lateral = 5
     };
 
-    /// Builds the tables. The library has the one tokenizer that all look-ups read.
+    /// Builds the tables. The library has one tokenizer for all look-ups.
     CTemplateTokenizer();
     /// Frees the tables.
     ~CTemplateTokenizer();
 
     /// The token of a top-level element.
-    /// @param name the element's name as the XML reader gives it
-    /// @return 0 for a name that is none of them
+    /// @param name the element's name as the XML reader reports it
+    /// @return 0 for an unknown name
     static TemplateToken stringToTemplateToken(const QStringRef &name);
 
     /// The token of an element of the header.
-    /// @param name the element's name as the XML reader gives it
-    /// @return 0 for a name that is none of them
+    /// @param name the element's name as the XML reader reports it
+    /// @return 0 for an unknown name
     static TemplateInfoToken stringToTemplateInfoToken(const QStringRef &name);
 
     /// The token of an element of a program view.
-    /// @param name the element's name as the XML reader gives it
-    /// @return 0 for a name that is none of them
+    /// @param name the element's name as the XML reader reports it
+    /// @return 0 for an unknown name
     static ProgramViewToken stringToProgramViewToken(const QStringRef &name);
 
     /// The token of an element of a column.
-    /// @param name the element's name as the XML reader gives it
-    /// @return 0 for a name that is none of them
+    /// @param name the element's name as the XML reader reports it
+    /// @return 0 for an unknown name
     static ColumnToken stringToColumnToken(const QStringRef &name);
 
     /// The token of an element of a value-list item.
-    /// @param name the element's name as the XML reader gives it
-    /// @return 0 for a name that is none of them
+    /// @param name the element's name as the XML reader reports it
+    /// @return 0 for an unknown name
     static ListItemToken stringToListItemToken(const QStringRef &name);
 
     /// The token of an element of the legends.
-    /// @param name the element's name as the XML reader gives it
-    /// @return 0 for a name that is none of them
+    /// @param name the element's name as the XML reader reports it
+    /// @return 0 for an unknown name
     static LegendToken stringToLegendToken(const QStringRef &name);
 
 private:

@@ -7,24 +7,23 @@
 
 namespace Tobrix::Templates {
 
-/// Reads templates of the legacy format: a stream of sections (header, views, columns, list items, legends)
-/// below the containers "TobrixTemplate" and "TXSYS", in any order and number. Anything else is skipped with
-/// all that it holds.
+/// Reads templates of the legacy format: sections (header, views, columns, list items, legends) below the
+/// containers "TobrixTemplate" and "TXSYS", in any order and number. Any other element is skipped.
 ///
 /// A reader may read several files one after the other, on one thread.
 class TOBRIX_TEMPLATES_EXPORT CTemplateXMLReader : public AbstractTemplateXmlReader
 {
 public:
-    /// A reader with no file yet.
+    /// Creates a reader without a file.
     CTemplateXMLReader();
     /// Closes the file read last.
     ~CTemplateXMLReader() override;
 
     /// Reads one file. The file stays open until the next one is read or the reader is deleted.
     /// @param fileName path of the file
-    /// @param rawData is emptied first, even when the file cannot be opened, and owns what is put into it
+    /// @param rawData is emptied first, even when the file cannot be opened, and owns what is added to it
     /// @return false when the file cannot be opened or is not well-formed, when it ends within a section, or
-    ///        when a list item has no list name; the record then holds what was read up to that point
+    ///        when a list item has no list name; the record then has what was read before the failure
     bool readFile(const QString &fileName, CTemplateRawData &rawData) override;
 
 private:

@@ -16,24 +16,23 @@
 
 namespace Tobrix::Templates {
 
-// The legacy format: all its names, what each means, and where its value goes. Nothing else in the library or
-// its tools spells one of them.
+// The legacy format: all its names, their meanings, and where their values are stored. No other file of the
+// library or its tools contains these names.
 
 using Tokens = CTemplateTokenizer;
 
-/// Which of an element's texts count. The sections differ in it, and files exist that rely on each.
+/// Which of an element's texts count. The sections differ, and existing files rely on each rule.
 enum class TextRule : unsigned char {
-    /// The first text after a start tag, even one after the element's end: an empty element takes the white
-    /// space after it.
+    /// The first text after a start tag, even after the element's end: an empty element takes the whitespace
+    /// that follows it.
     FirstAfterStartTag,
     /// Only a text that directly follows a start tag.
     DirectlyAfterStartTag,
-    /// Every text within the element; the last one stays.
+    /// Every text within the element; the last one wins.
     EveryWithinElement
 };
 
-/// The target of a text that a template repeats, from column to column or from list to list, so that one copy
-/// of it serves them all.
+/// The target of a text that many columns or lists repeat, and that is stored once for all of them.
 template <typename Target>
 struct RepeatedText
 {
@@ -43,7 +42,7 @@ struct RepeatedText
 template <typename Target>
 RepeatedText(Target) -> RepeatedText<Target>;
 
-/// The target of an item's list name, which the reader keeps: an item does not know its list.
+/// The target of an item's list name, which the reader keeps: items do not store it.
 struct KeptByReader
 {
 };
@@ -57,8 +56,8 @@ inline constexpr auto legacyTypeWords = [] {
     return words;
 }();
 
-/// An element of a section: its token, and where its value goes. An element without a target is known, but
-/// its text is ignored, or it has none.
+/// An element of a section: its token, and the target of its value. An element without a target is known, but
+/// its text is ignored.
 template <typename TokenOfSection, typename... Targets>
 struct LegacyField
 {
@@ -97,7 +96,7 @@ using ColumnField =
 
 using LegendField = LegacyField<Tokens::LegendToken, QString CTemplateLegendDataItem::*>;
 
-/// An attribute of a legend class. It has no token: attributes are few.
+/// An attribute of a legend class. Attributes have no tokens.
 struct LegendAttribute
 {
     FormatRow row;
@@ -200,15 +199,15 @@ inline constexpr LegendAttribute legendAttributes[] = {
 
 // clang-format on
 
-/// Whether an element writes into the column's flag of value transfer. There are three of them, two of which
-/// are references that read as false: the last one in the section counts.
+/// Whether an element sets the column's flag for value transfer. Of three such elements, two are references
+/// that read as false; the last one in the section wins.
 constexpr bool decidesValueTransfer(Tokens::ColumnToken token)
 {
     return token == Tokens::COL_Template_FK || token == Tokens::COL_Bound_TableDir_REF ||
            token == Tokens::COL_ValueTransfer;
 }
 
-/// The first element that is stored where an element is, of those of its section.
+/// The first element of the section that has the same target as another one.
 template <typename Token>
 constexpr Token fieldOf(Token token)
 {
@@ -218,8 +217,8 @@ constexpr Token fieldOf(Token token)
     return token;
 }
 
-/// Whether the start tag of an element makes a legend the current one, and clears it. The legend of sections
-/// is the current one at the start of each section of legends, which clears nothing.
+/// Whether the start tag of an element selects a legend and clears it. Each section of legends starts with
+/// the legend of sections selected and not cleared.
 constexpr bool beginsLegend(Tokens::LegendToken token)
 {
     return token == Tokens::Section || token == Tokens::Lateral;
@@ -236,7 +235,7 @@ constexpr const FormatRow &legendAttribute(Value CTemplateLegendDataItem::*field
     return found->row;
 }
 
-/// The rows of a section's elements, whatever the types of their targets are; each at its token less 1.
+/// The rows of a section's elements without the types of their targets, each at its token less 1.
 struct LegacyRows
 {
     const FormatRow &(*at)(int index) = nullptr;
@@ -250,7 +249,7 @@ constexpr LegacyRows legacyRows()
             static_cast<int>(std::size(fields))};
 }
 
-/// A container, which is descended into, or a section.
+/// A container, whose children are read, or a section.
 struct LegacySection
 {
     constexpr LegacySection(Tokens::TemplateToken ownToken, const char *name, const char *meaning,
@@ -292,7 +291,7 @@ constexpr const LegacySection &legacySection(Tokens::TemplateToken token)
 
 namespace LegacyFormatChecks {
 
-/// Whether a table has the row of every token at the token's own place, so that it can be indexed by it.
+/// Whether the row of every token is at index token less 1.
 template <typename Rows>
 constexpr bool isIndexedByToken(const Rows &rows)
 {
@@ -304,7 +303,7 @@ constexpr bool isIndexedByToken(const Rows &rows)
     return true;
 }
 
-/// Whether a kind of value is that of the target which it is stored in.
+/// Whether a kind of value matches the type of its target.
 struct IsKindOf
 {
     ValueKind kind;

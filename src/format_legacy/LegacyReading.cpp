@@ -20,7 +20,7 @@ namespace Tobrix::Templates {
 
 namespace {
 
-/// Stores a value of the document in a record, converted to the type of its target.
+/// Converts a value of the document to the type of its target, and stores it in a record.
 template <typename Record>
 class ValueStore
 {
@@ -66,7 +66,7 @@ private:
     Value converted() const
     {
         if constexpr (std::is_same_v<Value, QString>) {
-            // QStringRef::toString() may share the buffer that the next text is decoded into.
+            // QStringRef::toString() may share the buffer, which the next text overwrites.
             return m_text.isNull() ? QString() : QString(m_text.data(), m_text.size());
         } else if constexpr (std::is_same_v<Value, bool>) {
             return CTemplateDataConverter::stringToBool(m_text);
@@ -108,11 +108,11 @@ private:
     Record &m_record;
     TextPool &m_repeatedTexts;
     QString &m_keptText;
-    QVariant *m_result; // null when nobody observes
+    QVariant *m_result; // null without an observer
 };
 
-/// What the names of a document mean in one place, by their numbers: a document has few names, each many
-/// times.
+/// The meanings of a document's names in one section, indexed by the numbers of the names: a document has few
+/// names, each many times.
 template <typename MeaningOf>
 auto meaningsOfNames(const XmlDocument &document, MeaningOf meaningOf)
 {
@@ -172,7 +172,7 @@ private:
 
     const XmlDocument &m_document;
     CTemplateRawData &m_rawData;
-    const std::unique_ptr<LegacyTracking> m_tracking; // null when nobody observes
+    const std::unique_ptr<LegacyTracking> m_tracking; // null without an observer
     ReadingResult m_result;
     TextPool m_repeatedTexts;
     QString m_buffer;
@@ -247,18 +247,18 @@ bool LegacyReader::readSection(int section, Tokens::TemplateToken token)
 }
 
 /// Walks over one section.
-/// @param tokens of the section, by the numbers of names; 0 for those that it does not know
-/// @param onStart is called with the token and the node of every element, the section's own among them
+/// @param tokens of the section, by the numbers of names; 0 for unknown names
+/// @param onStart is called with the token and the node of every element, the section's own included
 /// @param onText is called with the token and the node of an element, and the node of its text, where a text
 ///        counts; never with token 0
-/// @return false when the document breaks off within the section
+/// @return false when the document ends within the section
 template <typename Token, typename OnStart, typename OnText>
 bool LegacyReader::walkSection(int section, Tokens::TemplateToken kind, const std::vector<Token> &tokens,
                                OnStart onStart, OnText onText)
 {
     const TextRule rule = legacySection(kind).textRule;
     const int end = m_document.end(section);
-    int element = section; // the one that was started last
+    int element = section; // the last started element
     Token token{};
     for (int i = section; i < end; ++i) {
         if (m_document.isElement(i)) {
@@ -330,7 +330,7 @@ bool LegacyReader::readView(int section)
         return false;
     }
     CProgramView *&filed = m_rawData.programViews[view->uniqueId()];
-    // Of several views with one id the last counts.
+    // Of several views with one id the last one wins.
     delete filed;
     filed = view.release();
     if (m_tracking) {
@@ -347,7 +347,7 @@ bool LegacyReader::readListItem(int section)
     if (!readFields(section, Tokens::SYSLIST, listItemFields, m_listItemTokens, *item)) {
         return false;
     }
-    // An item of no list can never be offered to anybody: such a file is damaged.
+    // An item without a list could never be shown: such a file is damaged.
     if (m_listName.isEmpty()) {
         return stop(ReadingResult::ItemWithoutList, section);
     }

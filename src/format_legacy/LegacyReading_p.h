@@ -8,9 +8,9 @@ class ReadingObserver;
 class XmlDocument;
 struct CTemplateRawData;
 
-/// Reads a document of the legacy format, made for the dialect of streams, into a record that is empty.
-/// @param rawData what was read, up to the node that the reading stopped at; an object in progress is dropped
-/// @param observer is told everything; null for nobody
+/// Reads a document of the Stream dialect in the legacy format into an empty record.
+/// @param rawData what was read before the node that the reading stopped at; an unfinished object is dropped
+/// @param observer receives everything that is read or skipped; may be null
 ReadingResult readLegacyDocument(const XmlDocument &document, CTemplateRawData &rawData,
                                  ReadingObserver *observer = nullptr);
 

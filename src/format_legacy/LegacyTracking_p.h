@@ -13,8 +13,8 @@ namespace Tobrix::Templates {
 
 struct CTemplateRawData;
 
-/// Tells an observer what the legacy format's reader does, and keeps what that takes beside the reading:
-/// which elements are open, what a value replaces, which element an object is from.
+/// Reports the actions of the legacy format reader to an observer, and keeps the state for that: open
+/// elements, replaced values, elements of objects.
 class LegacyTracking
 {
 public:
@@ -22,40 +22,40 @@ public:
 
     /// An element outside of sections.
     void startTopLevel(int element, Tokens::TemplateToken token);
-    /// An element of a section, the section's own among them.
-    /// @param row null for an element that the section does not know
+    /// An element of a section, the section's own included.
+    /// @param row null for an element that is unknown in the section
     void startInSection(int element, const FormatRow *row);
     void startInLegends(int element, Tokens::LegendToken token);
 
-    /// A node that is no element and that nothing takes.
+    /// A node other than an element, which no value is taken from.
     void passOver(int node);
 
-    /// What the value that is reported next was converted to.
+    /// The converted value of the next report.
     QVariant &result() { return m_result; }
-    /// @param field tells apart what values of one object are stored in
+    /// @param field identifies the target within its object
     void takeText(const FormatRow &row, int field, int element, int text);
     void takeCaption(const FormatRow &row, Tokens::LegendToken token, int element, int text);
-    /// @param row null for an attribute that the format does not know
+    /// @param row null for an unknown attribute
     void takeAttribute(const FormatRow *row, int element, const XmlDocument::Attribute &attribute);
 
     void fileView(const CProgramView &view, int section);
     void fileColumn(const CTemplateColumn &column, const CColumnData &data, int section);
     void fileListItem(const CListItem &item, const QString &listName, int section);
-    /// Files the legend classes, which no later group can clear any more.
+    /// Reports the legend classes, which no later group can clear any more.
     void fileLegends(const CTemplateRawData &rawData);
     void dropColumn(int section);
     void dropListItem(int section);
 
 private:
     using Reason = ReadingObserver::Reason;
-    /// The elements that hold the values of an object, by the values' fields; -1 for those that it has not.
+    /// The elements that the values of an object were taken from, by field; -1 for none.
     using Holders = std::array<int, std::size(columnFields) + 1>;
 
     struct OpenElement
     {
         int element;
         bool isPassedOver;
-        int text = -1; // the text node of the element that is taken
+        int text = -1; // the text node that was taken for the element
     };
 
     struct LegendClass
@@ -78,7 +78,7 @@ private:
     std::vector<OpenElement> m_open;
     QVariant m_result;
     int m_section = -1;
-    int m_object = -1; // the element that the values of the section belong to; -1 for the template
+    int m_object = -1; // the element of the object that the section's values belong to; -1 for the template
     Holders m_headerHolders = noHolders();
     Holders m_holders = noHolders();
     QHash<QString, int> m_views;

@@ -14,14 +14,13 @@ struct CTemplateRawData;
 class TOBRIX_TEMPLATES_EXPORT AbstractTemplateXmlReader
 {
 public:
-    /// Deletes the reader with everything that it holds of the file.
+    /// Deletes the reader and everything that it keeps of the file.
     virtual ~AbstractTemplateXmlReader();
 
     /// Reads one file.
     /// @param fileName path of the file
-    /// @param rawData receives what the file holds; pass an empty record. It owns what is put into it.
-    /// @return false when the reader gives up on the file; the record then holds what was read up to that
-    ///        point
+    /// @param rawData receives the content of the file; pass an empty record. It owns what is added to it.
+    /// @return false when the reader stops with a failure; the record then has what was read before it
     virtual bool readFile(const QString &fileName, CTemplateRawData &rawData) = 0;
 
 protected:

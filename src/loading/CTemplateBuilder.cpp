@@ -124,8 +124,8 @@ std::unique_ptr<CTemplateColumn> makeTimeColumn(const CColumnData &data)
 }
 
 /// Takes all objects out of a multi-map, those of one key together.
-/// @param take is given a key, its objects, which are its own from then on, and whether this is the last key;
-///        when it returns false, what is left stays in the map
+/// @param take is given a key, its objects, which it owns from then on, and whether this is the last key;
+///        returns false to leave the rest in the map
 template <typename T, typename Take>
 bool takeGroups(QMap<QString, T *> &map, Take take)
 {

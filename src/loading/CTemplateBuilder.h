@@ -11,35 +11,34 @@ class CTemplateColumn;
 struct CColumnData;
 struct CTemplateRawData;
 
-/// Makes a template of what a reader found, and typed columns for the readers. One builder serves one
+/// Builds a template from a raw record, and typed columns for the readers. One builder serves one
 /// buildTemplate() call.
 class TOBRIX_TEMPLATES_EXPORT CTemplateBuilder
 {
 public:
-    /// A builder with nothing in hand.
+    /// Creates a builder without content.
     CTemplateBuilder();
-    /// Deletes nothing: a template that was built is its receiver's.
+    /// Deletes nothing: the receiver of a template owns it.
     // NOLINTNEXTLINE(performance-trivially-destructible): hosts are linked against the symbol.
     ~CTemplateBuilder();
 
-    /// Makes a template of a raw record and takes the views, columns and list items out of the record.
+    /// Builds a template from a raw record, and moves the views, columns and list items out of the record.
     /// @param rawData the record as a reader filled it
-    /// @param isNew true for the current format, whose views hold their columns already; false for the legacy
+    /// @param isNew true for the current format, whose views already hold their columns; false for the legacy
     ///        format, whose columns are attached to their views here
-    /// @return the template, owned by the caller; null when a legacy column names a view that is not there.
-    ///        The record then still owns all views and the columns that were not attached to one.
+    /// @return the template, owned by the caller; null when a legacy column names a missing view. The record
+    ///        then still owns all views and the columns that were not attached.
     CCatalogTemplate *buildTemplate(CTemplateRawData &rawData, bool isNew);
 
-    /// Makes the typed column for a column record, and completes text and integer columns by
-    /// applyMissingDefaults(). Limits that an integer column cannot hold become the nearest number that it
-    /// can, not-a-number becomes 0.
+    /// Builds the typed column of a column record, and completes text and integer columns by
+    /// applyMissingDefaults(). Limits of integer columns are saturated; not-a-number becomes 0.
     /// @param data the column as read
-    /// @return the column, owned by the caller; null when the record's type is none of the six
+    /// @return the column, owned by the caller; null when the record's type is Unknown
     static CTemplateColumn *buildColumn(const CColumnData &data);
 
-    /// Supplies what the data model needs for certain database columns: node types default to "NOD", address
-    /// columns are hidden.
-    /// @param column the column to complete, not null; stays the caller's
+    /// Applies the fixed defaults of certain database columns: node types default to "NOD", address columns
+    /// are hidden.
+    /// @param column the column to complete, not null; not owned
     static void applyMissingDefaults(CTemplateColumn *column);
 
 private:

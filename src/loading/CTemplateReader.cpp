@@ -11,7 +11,7 @@ bool load(TemplateLoading &loading, CTemplateReader::ReaderFlags flags, CCatalog
 {
     catalogTemplate = nullptr;
     loading.logFormat();
-    // No flag has a meaning yet: a caller that sets one expects something that this version cannot give.
+    // No flag has a meaning yet: a caller that sets one expects a feature that this version does not have.
     if (flags != 0 || !loading.readFile()) {
         return false;
     }

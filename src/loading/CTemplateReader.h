@@ -10,7 +10,7 @@ namespace Tobrix::Templates {
 class CCatalogTemplate;
 class CTemplateReadingReport;
 
-/// The way in: reads one template file of either format.
+/// The entry point: reads one template file of either format.
 class TOBRIX_TEMPLATES_EXPORT CTemplateReader
 {
 public:
@@ -19,18 +19,17 @@ public:
 
     CTemplateReader() = delete;
 
-    /// Reads a template file. Its format follows from its path, see formatOf(), and goes to the host's log. A
-    /// template without a type gets the one that the host's registry has for its unique id.
+    /// Reads a template file. Its format follows from its path, see formatOf(), and is logged. A template
+    /// without a type gets the one that the host's registry has for its unique id.
     /// @param fileName path of the file
     /// @param flags must be 0; anything else fails without reading
     /// @param catalogTemplate receives the template, owned by the caller; null when the call fails
-    /// @return whether a template was built. Of a file of the current format that is not well-formed, a
-    ///        template is built of what stands before the fault; of one that asks for more than any template
-    ///        does (by its depth, its entities, its sheer number of columns), an empty one. A legacy file in
-    ///        such a state is refused.
+    /// @return whether a template was built. In the current format, a file that is not well-formed gives a
+    ///        template of what precedes the fault, and a file over a limit (nesting depth, entities, number
+    ///        of columns and so on) an empty one. Both are refused in the legacy format.
     static bool readFile(const QString &fileName, ReaderFlags flags, CCatalogTemplate *&catalogTemplate);
 
-    /// Does what readFile() does, and says how it went. A file that fails may take twice the time.
+    /// Does what readFile() does, and reports the result. A file that fails may take twice the time.
     /// @param fileName path of the file
     /// @param flags must be 0; anything else fails without reading
     /// @param catalogTemplate receives the template, owned by the caller; null when the call fails

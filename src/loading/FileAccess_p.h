@@ -4,7 +4,7 @@ class QString;
 
 namespace Tobrix::Templates {
 
-/// Why a file is not opened, in words: the end of a sentence that begins with its name.
+/// Why a file cannot be opened: the end of a sentence that begins with its name.
 QString whyNotOpened(const QString &fileName);
 
 } // namespace Tobrix::Templates

@@ -4,13 +4,13 @@
 
 namespace Tobrix::Templates {
 
-/// Default-value text by which a date or time column starts with the current date or time.
+/// Default value for the current date or time in a date or time column.
 inline constexpr QLatin1String todayMarker("=Today()");
 
-/// Table type, by the host's numbering, of the table that the fixed defaults below are for.
+/// The host's type number of the table that the fixed defaults below are for.
 inline constexpr int completedTableType = 5;
 
-/// A database column of which a template need not give the default value.
+/// A database column with a fixed default value for templates that give none.
 struct MissingDefaultValue
 {
     QLatin1String boundColumn;
@@ -24,7 +24,7 @@ inline constexpr MissingDefaultValue missingDefaultValues[] = {
     {QLatin1String("OBJ_Type"), completedTableType, QLatin1String("NOD")},
 };
 
-/// A database column whose visibility is fixed, whatever a template says.
+/// A database column with fixed visibility, whatever a template says.
 struct FixedVisibility
 {
     QLatin1String boundColumn;

@@ -10,7 +10,7 @@ namespace Tobrix::Templates {
 
 namespace {
 
-/// A column in a sentence: its caption and what it is bound to, as far as it has them.
+/// A column in a sentence: its caption and its binding, as far as it has them.
 QString nameOf(const CTemplateColumn &column)
 {
     const QString caption = column.caption();

@@ -19,14 +19,14 @@ struct ColumnsWithoutView
     int others = 0;   ///< how many others there are
 };
 
-/// Notes what a reader finds in a document, for reports on failures.
+/// Records what a reader finds in a document, for reports on failures.
 class ReadContent : public ReadingObserver
 {
 public:
-    /// Whether there was anything of a template.
+    /// Whether any template data was found.
     bool hasAnything() const { return m_hasAnything; }
 
-    /// The first column in the file whose view is missing, with the others of that view.
+    /// The first column in the file whose view is missing, and the number of others of that view.
     /// @param rawData the record that was read; it still owns its columns
     ColumnsWithoutView firstColumnsWithoutView(const CTemplateRawData &rawData) const;
 

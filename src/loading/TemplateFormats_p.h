@@ -14,14 +14,14 @@ class ReadingObserver;
 class XmlDocument;
 struct CTemplateRawData;
 
-/// What distinguishes a format from the others outside of its own module.
+/// The properties of a format that other modules need.
 struct TemplateFormatRow
 {
     TemplateFormat format;
     QLatin1String name; ///< for people, before "format"
     XmlDialect dialect;
     QLatin1String logMessage;
-    bool viewsHoldColumns; ///< else columns name their view, and the builder hands them over
+    bool viewsHoldColumns; ///< otherwise columns name their view, and the builder attaches them
     bool keepsBeginning;   ///< of a document that is not well-formed
     ReadingResult (*read)(const XmlDocument &document, CTemplateRawData &rawData, ReadingObserver *observer);
 };

@@ -206,7 +206,7 @@ void TemplateLoading::reportFault(Report &report) const
 void TemplateLoading::reportColumnWithoutView(Report &report) const
 {
     report.outcome = Outcome::ColumnWithoutView;
-    // The builder knows no places, and has taken columns out of the raw record.
+    // The builder knows no offsets, and has moved columns out of the raw record.
     CTemplateRawData rawData;
     ReadContent content;
     m_row.read(m_document, rawData, &content);

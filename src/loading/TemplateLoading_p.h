@@ -12,25 +12,25 @@ namespace Tobrix::Templates {
 
 class CCatalogTemplate;
 
-/// The loading of one template, step by step: from a file or from bytes to the raw record, from that to the
-/// template. It keeps what the steps leave.
+/// Loads one template step by step: from a file or bytes to the raw record, and from that to the template.
+/// Keeps the result of each step.
 class TemplateLoading
 {
 public:
-    /// @param name the path of the file, or what messages are to call the bytes
+    /// @param name the path of the file, or the name of the bytes in messages
     TemplateLoading(const QString &name, TemplateFormat format, XmlWay way = XmlWay::Automatic);
 
     /// Writes the format to the host's log.
     void logFormat() const;
 
     /// Reads the file under the name into the raw record.
-    /// @return false when a format's reader gives up
+    /// @return false when the format's reader fails
     bool readFile(ReadingObserver *observer = nullptr);
     /// Reads the content of a file into the raw record.
     bool readBytes(const QByteArray &bytes, ReadingObserver *observer = nullptr);
 
-    /// Builds the template of what was read, and completes its type from the host's registry.
-    /// @return null when there is none
+    /// Builds the template from the raw record, and completes its type from the host's registry.
+    /// @return null when it cannot be built
     std::unique_ptr<CCatalogTemplate> buildTemplate();
 
     /// Whether a file could be opened and read to its end.
@@ -38,12 +38,12 @@ public:
     const QByteArray &bytes() const { return m_bytes; }
     const XmlDocument &document() const { return m_document; }
     const ReadingResult &result() const { return m_result; }
-    /// What was read, as far as the builder has left it.
+    /// The raw record, without what the builder has moved out.
     std::unique_ptr<CTemplateRawData> takeRawData() { return std::move(m_rawData); }
 
-    /// What happened so far. Costs time where something went wrong.
+    /// The result so far. Takes extra time after a failure.
     CTemplateReadingReport report() const;
-    /// The report on a file that is not read because there are flags.
+    /// The report on a file that is not read because flags are set.
     CTemplateReadingReport reportOnFlags(int flags) const;
 
 private:
@@ -70,7 +70,7 @@ private:
     ReadingResult m_result;
     bool m_isRead = false;
     bool m_hasObjects = false; // views, columns, list items, legend classes or catalogues
-    bool m_isGivenUp = false;  // by the builder
+    bool m_isGivenUp = false;  // by the builder, which has failed
 };
 
 } // namespace Tobrix::Templates

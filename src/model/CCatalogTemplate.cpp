@@ -17,7 +17,7 @@ namespace {
 
 void sortByLowerBound(QList<CTemplateLegendDataItem> &legend)
 {
-    // Not-a-number is behind every number, or the order would not be one that can be sorted by.
+    // Not-a-number sorts after every number: otherwise this would be no strict weak ordering.
     const auto isBefore = [](const CTemplateLegendDataItem &a, const CTemplateLegendDataItem &b) {
         return a.numberFrom < b.numberFrom || (!std::isnan(a.numberFrom) && std::isnan(b.numberFrom));
     };
@@ -46,8 +46,8 @@ public:
     QString listNamePrefix;
     QString defaultSecClassName;
     QString defaultSecColorField;
-    // A map rather than a hash: no file can choose names that fall together in it, and it is freed in small
-    // pieces, where a hash's large table would set off the clean-up of all that the reader has freed.
+    // A map rather than a hash: a file cannot choose names that collide, and freeing many small nodes is
+    // cheaper than freeing a hash's large table, which makes the allocator consolidate the heap.
     QMap<QString, QList<CListItem *>> itemLists;
     QList<CProgramView *> programViews;
     QList<CTemplateLegendDataItem> legendA;
@@ -271,7 +271,7 @@ void CCatalogTemplate::setProgramViews(const QList<CProgramView *> &views)
 {
     Q_D(CCatalogTemplate);
     if (!d->programViews.isEmpty()) {
-        // Filed under the columns' category, where hosts look for everything about views.
+        // Logged under the category of columns, where hosts look for messages about views.
         Logging::CLogger::logMessage(static_cast<Logging::LogLevel>(3), QStringLiteral("TemplateColumn"),
                                      QStringLiteral("Program views reloaded."));
     }
@@ -302,7 +302,7 @@ CProgramView *CCatalogTemplate::programViewByKey(const QString &key) const
 void CCatalogTemplate::addItemList(const QString &name, const QList<CListItem *> &items)
 {
     Q_D(CCatalogTemplate);
-    // The items of a replaced list are not deleted: a host may still hold the list that it asked for before.
+    // The items of a replaced list are not deleted: a host may still use the list that it got before.
     d->itemLists.insert(name, items);
 }
 

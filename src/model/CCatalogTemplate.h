@@ -15,12 +15,9 @@ class CListItem;
 class CProgramView;
 class CTemplateLegendDataItem;
 
-/// A loaded catalogue template: its header, program views, value lists and the two classification legends.
-///
-/// Whoever receives a template owns it; the template owns its views (with their columns) and all list items.
-/// It is not copied. Pointers that it hands out are valid until it is deleted or the part is replaced.
-///
-/// A text that was never set is empty; getters return copies and setters copy.
+/// A loaded template: header, program views, value lists and both classification legends. It owns its views,
+/// with their columns, and all list items. It is not copied; its pointers are valid until it is deleted or
+/// the part is replaced. Unset texts are empty; getters return copies and setters copy.
 class TOBRIX_TEMPLATES_EXPORT CCatalogTemplate
 {
 public:
@@ -64,10 +61,10 @@ public:
     /// @param type the template's type; empty for none
     void setType(const QString &type);
 
-    /// What the template is for, in words.
+    /// The description of the template.
     /// @return empty when never set
     QString description() const;
-    /// Sets what the template is for.
+    /// Sets the description of the template.
     /// @param description what the template is for, in words; empty for none
     void setDescription(const QString &description);
 
@@ -135,7 +132,7 @@ public:
     /// @param updatable whether the template may be updated
     void setUpdatable(bool updatable);
 
-    /// Takes over program views. Views that the template already holds are deleted, which is logged.
+    /// Takes ownership of program views. The previous views are deleted, which is logged.
     /// @param views the new views; the template owns them from now on. Null entries do no harm.
     void setProgramViews(const QList<CProgramView *> &views);
 
@@ -149,12 +146,12 @@ public:
     /// @return null when there is no such position
     CProgramView *programView(int index) const;
 
-    /// The first program view of a key, owned by the template.
+    /// The first program view with a key, owned by the template.
     /// @param key the view's key (not its unique id), compared exactly
     /// @return null when no view has that key
     CProgramView *programViewByKey(const QString &key) const;
 
-    /// Files a value list. A list that already has the name is replaced, and its items belong to nobody then.
+    /// Adds a value list. A list of the same name is replaced; its items are not deleted.
     /// @param name the list's name
     /// @param items the list's items; the template owns them from now on
     void addItemList(const QString &name, const QList<CListItem *> &items);
@@ -168,8 +165,8 @@ public:
     /// @return empty when there are none
     QStringList itemListNames() const;
 
-    /// Sets both classification legends. Each is sorted by lower bound, ascending; bands with equal bounds
-    /// end in no defined order, and a bound that is not a number goes behind all numbers.
+    /// Sets both classification legends. Each is sorted by lower bound, ascending. Legend classes with equal
+    /// bounds end in no defined order; not-a-number sorts after all numbers.
     /// @param listA the legend of sections
     /// @param listB the legend of laterals
     void setLegendOfClassification(const QList<CTemplateLegendDataItem> &listA,

@@ -35,10 +35,10 @@ public:
     /// @param item the value that is stored in a record when the item is chosen; empty for none
     void setItem(const QString &item);
 
-    /// What users see.
+    /// The text that users see.
     /// @return empty when never set
     QString caption() const;
-    /// Sets what users see.
+    /// Sets the text that users see.
     /// @param caption what users see; empty for none
     void setCaption(const QString &caption);
 
@@ -59,7 +59,7 @@ public:
     /// The item's position in its list, ascending.
     /// @return -1 when never set
     int sortOrder() const;
-    /// Sets the position. The list's order does not follow it.
+    /// Sets the position. Does not reorder the list.
     /// @param sortOrder the item's position in its list, ascending
     void setSortOrder(int sortOrder);
 

@@ -12,10 +12,8 @@ namespace Tobrix::Templates {
 class CProgramViewPrivate;
 class CTemplateColumn;
 
-/// A named, ordered set of columns that a host shows as one form or grid. It belongs to the template that
-/// holds it, owns its columns, and is not copied.
-///
-/// A text that was never set is empty; getters return copies and setters copy.
+/// A named, ordered set of columns that a host shows as one form or grid. It belongs to its template, owns
+/// its columns, and is not copied. Unset texts are empty; getters return copies and setters copy.
 class TOBRIX_TEMPLATES_EXPORT CProgramView
 {
 public:
@@ -38,17 +36,16 @@ public:
     /// @param key the name by which hosts ask for the view; empty for none
     void setKey(const QString &key);
 
-    /// What the view is for, in words.
+    /// The description of the view.
     /// @return empty when never set
     QString description() const;
-    /// Sets what the view is for.
+    /// Sets the description of the view.
     /// @param description what the view is for, in words; empty for none
     void setDescription(const QString &description);
 
-    /// Deletes the columns that the view holds and takes over others.
-    /// @param columns the new columns in the order to show; the view owns them from now on, so none of them
-    ///        may belong to this or another view. An entry may be null: a column whose data type nobody
-    ///        knows.
+    /// Deletes the view's columns and takes ownership of others.
+    /// @param columns the new columns in the order to show; none of them may belong to this or another view.
+    ///        An entry may be null, for a column of unknown data type.
     void setColumns(const QList<CTemplateColumn *> &columns);
 
     /// The number of columns, null entries included.
@@ -57,10 +54,10 @@ public:
 
     /// The column at a position, owned by the view.
     /// @param index the position, from 0
-    /// @return null when there is no such position, or no column of known data type at it
+    /// @return null when there is no such position, or a column of unknown data type at it
     CTemplateColumn *column(int index) const;
 
-    /// The first column that is bound to a database column, owned by the view.
+    /// The first column with a binding to a database column, owned by the view.
     /// @param name the database column, compared exactly (not the column's unique id or caption)
     /// @return null when no column is bound to it
     CTemplateColumn *column(const QString &name) const;

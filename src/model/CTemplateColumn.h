@@ -11,14 +11,9 @@ namespace Tobrix::Templates {
 
 class CTemplateColumnPrivate;
 
-/// One field of a program view: which database column it is bound to, how it is captioned, ordered and
-/// edited.
-///
-/// Columns exist only as one of the six typed columns; columnType() says which. Hosts work through pointers
-/// to this class. A column belongs to the program view that it was handed to, and is not copied.
-///
-/// Unless a getter says otherwise, a text that was never set is empty, getters return copies and setters
-/// copy.
+/// One field of a program view: its database column, caption, position and editor. Every column is one of the
+/// six typed columns, see columnType(). It belongs to its view, and is not copied. Unless documented
+/// otherwise, unset texts are empty, getters return copies and setters copy.
 class TOBRIX_TEMPLATES_EXPORT CTemplateColumn
 {
 public:
@@ -82,7 +77,7 @@ public:
     /// The three-letter code of the data type as it was read, such as "TXT".
     /// @return empty when never set
     virtual QString dataType() const;
-    /// Sets the data type's code. The columnType() does not follow it.
+    /// Sets the data type's code. Does not change columnType().
     /// @param dataType the three-letter code of the data type as it was read, such as "TXT"; empty for none
     virtual void setDataType(const QString &dataType);
 
@@ -112,7 +107,7 @@ public:
     /// The column's position in its view, ascending.
     /// @return -1 when never set
     virtual int sortOrder() const;
-    /// Sets the position. The view's order does not follow it.
+    /// Sets the position. Does not reorder the view.
     /// @param sortOrder the column's position in its view, ascending
     virtual void setSortOrder(int sortOrder);
 
@@ -148,11 +143,11 @@ public:
     /// @param visible whether the host shows the column
     virtual void setVisible(bool visible);
 
-    /// Whether users may only look at the value.
+    /// Whether users can only read the value.
     /// @return false when never set
     virtual bool isReadOnly() const;
-    /// Sets whether users may only look at the value.
-    /// @param readOnly whether users may only look at the value
+    /// Sets whether users can only read the value.
+    /// @param readOnly whether users can only read the value
     virtual void setReadOnly(bool readOnly);
 
     /// Whether a record needs a value here.
@@ -175,7 +170,7 @@ public:
     /// Sets the value of a new record.
     /// @param defaultValue the value of a new record
     virtual void setDefaultValue(const QVariant &defaultValue);
-    /// Whether there is a default value. Only the variant's type counts: a typed but null one is a default
+    /// Whether there is a default value. Only the variant's type counts: a typed null value is a default
     /// value.
     /// @return false when never set
     virtual bool hasDefaultValue() const;

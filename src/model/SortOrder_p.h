@@ -6,8 +6,8 @@
 
 namespace Tobrix::Templates {
 
-/// Sorts columns or list items by their sortOrder(), ascending; equals end in no defined order. Null entries,
-/// as a view of the current format has them for columns of unknown data type, go to the end.
+/// Sorts columns or list items by their sortOrder(), ascending; equal ones end in no defined order. Null
+/// entries (columns of unknown data type in the current format) go to the end.
 template <typename T>
 void sortBySortOrder(QList<T *> &objects)
 {

@@ -24,7 +24,7 @@ struct TOBRIX_TEMPLATES_EXPORT CColumnData
     QString displayFormat; ///< Format in which dates are displayed.
     QString dataType;      ///< Code of the data type, as read.
     QString toolTip;       ///< Explanation.
-    /// Least value. The range that a file leaves out is symmetric: one short of the least 32-bit number.
+    /// Least value. The default range is symmetric: one above the least 32-bit number.
     double minimumValue = -2147483647.0;
     double maximumValue = 2147483647.0;       ///< Greatest value.
     double stepInterval = 0.0;                ///< Step of the editor.
@@ -37,7 +37,7 @@ struct TOBRIX_TEMPLATES_EXPORT CColumnData
     CTemplateColumn::ColumnType columnType = CTemplateColumn::Unknown; ///< Kind of typed column to make.
     CTemplateColumn::TypeFlags typeFlags{};                            ///< Class of the data source.
     bool isVisible = false;                                            ///< Whether the host shows the column.
-    bool isReadOnly = false;                                           ///< Whether users may only look.
+    bool isReadOnly = false;                                           ///< Whether users cannot edit it.
     bool isMandatory = false;                                          ///< Whether a record needs a value.
     bool isVirtual = false;                                            ///< Whether the value is not stored.
     bool isValueTransfer = false;                                      ///< Whether the value is carried over.

@@ -6,14 +6,14 @@
 
 namespace Tobrix::Templates {
 
-/// The header of a template as it was read. Texts that the file does not give are empty.
+/// The header of a template as it was read. Texts that are missing in the file are empty.
 struct TOBRIX_TEMPLATES_EXPORT CTemplateBaseData
 {
     /// An empty header.
     CTemplateBaseData();
 
-    /// Empties the header for the next file, but for defaultSecClassName, defaultSecColorField and sortOrder,
-    /// which a record that is used again keeps until a file sets them.
+    /// Empties the header for the next file, except defaultSecClassName, defaultSecColorField and sortOrder,
+    /// which keep their values until a file sets them.
     void clear();
 
     QString uniqueId;             ///< Identity of the template.
@@ -21,7 +21,7 @@ struct TOBRIX_TEMPLATES_EXPORT CTemplateBaseData
     QString catalogProfileRef;    ///< Template that it is based on.
     QString key;                  ///< Name of the template.
     QString type;                 ///< Type of the template.
-    QString description;          ///< What it is for, in words.
+    QString description;          ///< Description for users.
     QString version;              ///< Version of the template.
     QString unit;                 ///< System of units, as its unit of length.
     QString listNamePrefix;       ///< Prefix of the names of its value lists.

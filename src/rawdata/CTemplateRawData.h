@@ -16,11 +16,8 @@ class CListItem;
 class CProgramView;
 class CTemplateColumn;
 
-/// A whole template as a reader found it, the same for both formats: filled by a reader, emptied by the
-/// builder.
-///
-/// The record owns the views, list items and columns that are in it. The builder takes them out; whatever is
-/// left is deleted with the record. Null entries do no harm.
+/// A template as a format reader found it, the same for both formats. The record owns the views, list items
+/// and columns in it, until the builder moves them out. Null entries are allowed.
 struct TOBRIX_TEMPLATES_EXPORT CTemplateRawData : public CTemplateBaseData
 {
     /// An empty record.

@@ -6,7 +6,7 @@
 
 namespace Tobrix::Templates {
 
-/// A data type's code in a file with the kind of column that it makes.
+/// The code of a data type in a file, and its column type.
 struct ColumnTypeCode
 {
     QLatin1String code;

@@ -6,7 +6,7 @@
 
 namespace Tobrix::Templates {
 
-/// The words that a value may be, where it may not be anything.
+/// The allowed words of a value.
 struct FormatWords
 {
     const QLatin1String *first = nullptr;
@@ -17,14 +17,14 @@ struct FormatWords
     bool isEmpty() const { return count == 0; }
 };
 
-/// A value that a format's reader takes from documents: one row of the format's table.
+/// A value that a format reader takes from documents: one row of the format's table.
 struct FormatRow
 {
     QLatin1String element;   ///< Name of the element that has the value
-    QLatin1String attribute; ///< and of the attribute; empty when the value is the element's text or presence.
+    QLatin1String attribute; ///< and of the attribute; empty for the element's text or presence.
     ValueKind kind = ValueKind::Text;
-    QLatin1String meaning; ///< What the value means, as a phrase for people.
-    FormatWords words;     ///< All words that mean something; empty when any text does.
+    QLatin1String meaning; ///< What the value means, as a phrase for users.
+    FormatWords words;     ///< All words that have a meaning; empty when any text does.
 };
 
 } // namespace Tobrix::Templates

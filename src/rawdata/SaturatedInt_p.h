@@ -5,8 +5,7 @@
 
 namespace Tobrix::Templates {
 
-/// A number without its decimal places. One that does not fit an int becomes the nearest that does;
-/// not-a-number becomes 0.
+/// A number truncated to an int. Numbers out of range are saturated; not-a-number becomes 0.
 inline int toSaturatedInt(double number)
 {
     using Limits = std::numeric_limits<int>;

@@ -7,13 +7,12 @@
 
 namespace Tobrix::Templates {
 
-/// Texts that a template repeats from column to column or from list to list (tables, units, formats, items),
-/// each kept once, and no file can foresee which of them fall together. A pool serves one reading of one
-/// file.
+/// Shares texts that a template repeats in many columns or lists: tables, units, formats, items. A file
+/// cannot cause hash collisions. A pool serves one reading of one file.
 class TextPool
 {
 public:
-    /// The text, of which all texts that are equal share one copy without spare room.
+    /// The shared copy of a text, without spare capacity.
     QString shared(QStringView text)
     {
         if (text.isEmpty()) {
@@ -45,9 +44,8 @@ private:
         friend uint qHash(const Key &key, uint seed) { return key.hash ^ seed; }
     };
 
-    /// A text's hash: the polynomial of its characters, three at a time, at a point that no file can foresee,
-    /// modulo a prime. Qt's own hash of texts is linear, so that a file could be made of texts that all fall
-    /// together.
+    /// Polynomial hash, three characters at a time, at a random point modulo a prime. Qt's own hash is
+    /// linear, so that a file could contain any number of colliding texts.
     uint hashOf(QStringView text) const
     {
         constexpr int primeBits = 61;

@@ -2,10 +2,10 @@
 
 namespace Tobrix::Templates {
 
-/// How a reader converts a value of a file.
+/// How a reader converts a value from a file.
 enum class ValueKind : unsigned char {
-    Text,        ///< as it stands
-    Exact,       ///< as it stands, and compared with others: a name, a code, a key
+    Text,        ///< unchanged
+    Exact,       ///< unchanged, and compared with others: a name, a code, a key
     Flag,        ///< true for "true", else false
     Integer,     ///< a decimal number of 32 bits, or 0
     Real,        ///< a number, or 0

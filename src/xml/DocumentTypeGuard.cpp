@@ -11,12 +11,12 @@ namespace Tobrix::Templates {
 
 namespace {
 
-// Sums stay far from overflow, and well above all limits.
-constexpr qint64 muchTooMuch = 1'000'000'000;
+// Saturated sums: cannot overflow, and are well above all limits.
+constexpr qint64 saturation = 1'000'000'000;
 
 void addUpTo(qint64 &sum, qint64 more)
 {
-    sum = std::min(sum + more, muchTooMuch);
+    sum = std::min(sum + more, saturation);
 }
 
 int deepestParenthesis(const QByteArray &text)
@@ -24,16 +24,15 @@ int deepestParenthesis(const QByteArray &text)
     int depth = 0;
     int deepest = 0;
     for (const char c : text) {
-        // Those that close nothing, in a comment perhaps, must not make room for others.
+        // Unmatched ones, in a comment for example, must not offset later ones.
         depth = c == '(' ? depth + 1 : c == ')' ? std::max(0, depth - 1) : depth;
         deepest = std::max(deepest, depth);
     }
     return deepest;
 }
 
-/// The text of an entity as a parser keeps it: with characters in place of references to their numbers, and
-/// the replacement character for those that are not ASCII.
-/// @param excess receives why it must not be used, if so
+/// The replacement text of an entity: character references expanded, characters beyond ASCII replaced.
+/// @param excess receives the reason when the entity must not be used
 QString replacementText(const QByteArray &literal, QString &excess)
 {
     static const QRegularExpression number(QStringLiteral("&#(?:x([0-9A-Fa-f]+)|([0-9]+));"));
@@ -45,7 +44,7 @@ QString replacementText(const QByteArray &literal, QString &excess)
         const auto match = matches.next();
         const bool isHexadecimal = !match.captured(1).isEmpty();
         const uint character = match.captured(isHexadecimal ? 1 : 2).toUInt(nullptr, isHexadecimal ? 16 : 10);
-        // Qt's DOM parser cuts numbers to 16 bits, and so takes some for markup that are none.
+        // Qt's DOM parser truncates the number to 16 bits, so the character may become markup.
         if (character > 0xffff && (character & 0xffff) < 0x80) {
             excess = QStringLiteral("an entity with a character that only some parsers take for markup");
         }
@@ -74,7 +73,7 @@ QByteArray takeWord(const QByteArray &text, int &at)
     return text.mid(begin, at - begin);
 }
 
-/// The literal that is next in a text, without its quotes; null when something else is.
+/// The quoted literal at the start of a text, without its quotes; null when there is none.
 QByteArray nextLiteral(const QByteArray &text, int at)
 {
     while (at < text.size() && isSpace(text[at])) {
@@ -111,7 +110,7 @@ QString DocumentTypeGuard::read(const QByteArray &documentType)
         return QStringLiteral("a content model that nests more than %1 levels")
             .arg(Limits::contentModelDepth);
     }
-    // What they stand for could only be told by reading declarations that are put together of pieces.
+    // Expanding them would require a parser for declarations composed of fragments.
     static const QRegularExpression parameterReference(QStringLiteral("%[^\\s%;\"']+;"));
     if (parameterReference.match(QString::fromLatin1(documentType)).hasMatch()) {
         return QStringLiteral("a reference to a parameter entity in the document type");
@@ -120,8 +119,8 @@ QString DocumentTypeGuard::read(const QByteArray &documentType)
     if (!documentType.contains("<!ATTLIST")) {
         return QString();
     }
-    // The parsers put entities into defaults as they read them.
-    const Cost references = reckonReferences(QString::fromLatin1(documentType), 0);
+    // The parsers expand entities in default values when they read the declaration.
+    const Cost references = costOfReferences(QString::fromLatin1(documentType), 0);
     m_defaultAttributes = (documentType.count('"') + documentType.count('\'')) / 2;
     m_defaultCharacters = documentType.size() + references.characters;
     m_defaultNamespaceDeclarations = documentType.count("xmlns");
@@ -137,25 +136,25 @@ QString DocumentTypeGuard::excessOf(const Cost &references)
         return QStringLiteral("entities that come to more than %1 characters").arg(Limits::entityCharacters);
     }
     if (references.nesting > Limits::entityNesting) {
-        return QStringLiteral("more than %1 entities in each other").arg(Limits::entityNesting);
+        return QStringLiteral("more than %1 levels of nested entities").arg(Limits::entityNesting);
     }
     return references.excess;
 }
 
 void DocumentTypeGuard::readEntities(const QByteArray &documentType)
 {
-    // Some of these may stand in comments and in texts. All are taken for declarations, also those within
-    // each other, so that none can hide another.
+    // Some may be in comments or literals. All count as declarations, nested ones too, so that none can hide
+    // another.
     static const QByteArray keyword = "<!ENTITY";
     int at = 0;
     while ((at = documentType.indexOf(keyword, at)) >= 0) {
         at += keyword.size();
-        int behindName = at;
-        QByteArray name = takeWord(documentType, behindName);
+        int afterName = at;
+        QByteArray name = takeWord(documentType, afterName);
         if (name == "%") {
-            name = takeWord(documentType, behindName);
+            name = takeWord(documentType, afterName);
         }
-        const QByteArray text = nextLiteral(documentType, behindName);
+        const QByteArray text = nextLiteral(documentType, afterName);
         if (!text.isNull()) {
             m_entities[name].texts.append(text);
         }
@@ -164,38 +163,38 @@ void DocumentTypeGuard::readEntities(const QByteArray &documentType)
 
 DocumentTypeGuard::Cost DocumentTypeGuard::costOf(const QByteArray &entityName)
 {
-    return reckon(entityName, 1);
+    return costOfEntity(entityName, 1);
 }
 
-DocumentTypeGuard::Cost DocumentTypeGuard::reckon(const QByteArray &entityName, int nesting)
+DocumentTypeGuard::Cost DocumentTypeGuard::costOfEntity(const QByteArray &entityName, int nesting)
 {
     const auto found = m_entities.constFind(entityName);
     if (found == m_entities.cend()) {
         return {};
     }
-    if (found->isReckoned) {
+    if (found->isCostKnown) {
         return found->cost;
     }
     Cost cost;
     cost.references = 1;
     cost.nesting = 1;
     if (nesting > Limits::entityNesting) {
-        // An entity that contains itself ends here.
+        // Recursion into an entity that contains itself ends here.
         cost.nesting = nesting;
         return cost;
     }
-    // Whichever declaration of a name a parser takes, it is among these.
+    // A name may be declared several times; whichever declaration a parser uses is among these.
     const QList<QByteArray> texts = found->texts;
     for (const auto &text : texts) {
-        cost += reckonText(text, nesting);
+        cost += costOfText(text, nesting);
     }
     Entity &entity = m_entities[entityName];
     entity.cost = cost;
-    entity.isReckoned = true;
+    entity.isCostKnown = true;
     return cost;
 }
 
-DocumentTypeGuard::Cost DocumentTypeGuard::reckonText(const QByteArray &literal, int nesting)
+DocumentTypeGuard::Cost DocumentTypeGuard::costOfText(const QByteArray &literal, int nesting)
 {
     Cost own;
     const QString text = replacementText(literal, own.excess);
@@ -212,7 +211,7 @@ DocumentTypeGuard::Cost DocumentTypeGuard::reckonText(const QByteArray &literal,
         own.excess = isWhole ? guard.excess() : QStringLiteral("an entity that begins or ends within markup");
     }
 
-    Cost inner = reckonReferences(text, nesting + 1);
+    Cost inner = costOfReferences(text, nesting + 1);
     own.depth = guard.deepest() + inner.depth;
     own.nesting = inner.nesting + 1;
     inner.depth = 0;
@@ -220,14 +219,14 @@ DocumentTypeGuard::Cost DocumentTypeGuard::reckonText(const QByteArray &literal,
     return own += inner;
 }
 
-DocumentTypeGuard::Cost DocumentTypeGuard::reckonReferences(const QString &text, int nesting)
+DocumentTypeGuard::Cost DocumentTypeGuard::costOfReferences(const QString &text, int nesting)
 {
     static const QRegularExpression reference(QStringLiteral("&([^#&;\\s][^&;\\s]*);"));
     Cost cost;
     auto matches = reference.globalMatch(text);
     while (matches.hasNext() && cost.excess.isEmpty()) {
         const QString name = matches.next().captured(1);
-        cost += reckon(name.toLatin1(), nesting);
+        cost += costOfEntity(name.toLatin1(), nesting);
         if (name.contains(QChar::ReplacementCharacter)) {
             cost.excess = QStringLiteral("an entity with a reference that is put together of characters");
         }

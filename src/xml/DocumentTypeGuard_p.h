@@ -7,39 +7,40 @@
 
 namespace Tobrix::Templates {
 
-/// What a document type adds to a document: what its entities come to where they are referred to, and the
-/// attributes that elements get by default. Reckons rather too much than too little.
+/// What a document type adds to a document: the expansion of its entities, and default attributes. Upper
+/// bounds, not exact numbers.
 class DocumentTypeGuard
 {
 public:
-    /// What a reference to an entity comes to, with the references inside of it.
+    /// The cost of a reference to an entity, nested references included.
     struct Cost
     {
         qint64 characters = 0;
         qint64 references = 0;
         qint64 elements = 0;
         qint64 namespaceDeclarations = 0;
-        int depth = 0;   ///< of the elements in each other
-        int nesting = 0; ///< of the entities in each other
-        QString excess;  ///< why there must be no such reference, in words; empty where there may
+        int depth = 0;   ///< nesting depth of elements
+        int nesting = 0; ///< nesting depth of entities
+        QString excess;  ///< the limit that such a reference exceeds, in words; empty when none
 
-        /// Adds what comes beside it.
+        /// Adds the cost of a reference that is not nested in this one.
         Cost &operator+=(const Cost &other);
     };
 
     /// Takes the text of a document type, without "<!DOCTYPE" and ">".
-    /// @return what is too much in it, in words; empty when nothing is
+    /// @return the exceeded limit in words; empty when none
     QString read(const QByteArray &documentType);
 
     bool hasEntities() const { return !m_entities.isEmpty(); }
 
-    /// What a reference comes to; nothing for an entity that is not declared.
+    /// The cost of a reference; nothing for an undeclared entity.
     Cost costOf(const QByteArray &entityName);
 
-    /// What is too much of all the references of a document, in words; empty when nothing is.
+    /// The limit that the references of a document exceed, in words; empty when none.
     static QString excessOf(const Cost &references);
 
-    /// What an element gets by default, at most: attributes, their characters, and namespace declarations.
+    /// Upper bounds of what one element gets by default: attributes, their characters, namespace
+    /// declarations.
     qint64 defaultAttributes() const { return m_defaultAttributes; }
     qint64 defaultCharacters() const { return m_defaultCharacters; }
     qint64 defaultNamespaceDeclarations() const { return m_defaultNamespaceDeclarations; }
@@ -49,14 +50,14 @@ private:
     {
         QList<QByteArray> texts;
         Cost cost;
-        bool isReckoned = false;
+        bool isCostKnown = false;
     };
 
     void readEntities(const QByteArray &documentType);
     void readDefaults(const QByteArray &documentType);
-    Cost reckon(const QByteArray &entityName, int nesting);
-    Cost reckonText(const QByteArray &literal, int nesting);
-    Cost reckonReferences(const QString &text, int nesting);
+    Cost costOfEntity(const QByteArray &entityName, int nesting);
+    Cost costOfText(const QByteArray &literal, int nesting);
+    Cost costOfReferences(const QString &text, int nesting);
 
     QHash<QByteArray, Entity> m_entities;
     qint64 m_defaultAttributes = 0;

@@ -20,7 +20,7 @@ bool isDecimal(const QByteArray &text)
            std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-/// Whether markup stands in ASCII in an encoding, and nothing else can be taken for it.
+/// Whether an encoding is a superset of ASCII, in which no other bytes look like markup.
 bool isExtendedAscii(const QByteArray &encoding)
 {
     static const QByteArray names[] = {"utf-8",   "utf8",   "us-ascii", "ascii",
@@ -37,14 +37,14 @@ bool isExtendedAscii(const QByteArray &encoding)
 
 constexpr QLatin1String xmlDeclarationBeginning("<?xml");
 
-// Qt's DOM parser looks no further.
+// The number of bytes in which Qt's DOM parser looks for the encoding.
 constexpr int xmlDeclarationSize = 1024;
 
-/// What an XML declaration says about the encoding of its file.
+/// The encoding that an XML declaration names.
 struct DeclaredEncoding
 {
     QByteArray name;
-    bool isPlain = true; ///< whether there is only one way to understand the declaration
+    bool isPlain = true; ///< whether all parsers read the declaration in the same way
 };
 
 bool isXmlSpace(QChar c)
@@ -61,7 +61,7 @@ int afterSpace(const QString &text, int at)
     return at;
 }
 
-/// The value of an attribute, read from after its name; null when there is none.
+/// The value of an attribute, parsed from after its name; null when there is none.
 QString attributeValueAt(const QString &text, int at)
 {
     at = afterSpace(text, at);
@@ -96,8 +96,8 @@ DeclaredEncoding declaredEncoding(const QString &declaration)
     if (at < 0) {
         return {};
     }
-    // The parsers look for the name in different ways. They agree on this form: not the first attribute, the
-    // word nowhere else, no reference.
+    // The parsers search for the name differently. They agree on this form: not the first attribute, the word
+    // used only once, no reference.
     const int firstAttribute = afterSpace(declaration, xmlDeclarationBeginning.size());
     const QString name = attributeValueAt(declaration, at + keyword.size());
     const bool isPlain = firstAttribute > xmlDeclarationBeginning.size() && firstAttribute < at &&
@@ -106,8 +106,8 @@ DeclaredEncoding declaredEncoding(const QString &declaration)
     return {name.toLatin1(), isPlain};
 }
 
-/// All codecs that a parser could find in a declaration of unusual form: those that anything in quotes names,
-/// quotes in other quotes and characters written as references included.
+/// All codecs that a parser could find in an unusual declaration: every quoted string is a candidate, nested
+/// quotes and character references included.
 std::vector<const QTextCodec *> codecsNamedIn(QString declaration)
 {
     static const QRegularExpression reference(QStringLiteral("&#(?:x([0-9A-Fa-f]{1,4})|([0-9]{1,5}));"));
@@ -167,7 +167,7 @@ TextPlace GuardedMarkup::placeAfter(qint64 followed) const
 
 bool GuardedMarkup::isFaultBeforeExcess(int line, int column) const
 {
-    // A parser stops at the end of what it was given, or next to it.
+    // A parser stops at the end of the data, or within the next few bytes.
     constexpr int nextToIt = 2;
     const TextPlace given = placeAfter(m_given);
     return line > 0 && (line < given.line() || (line == given.line() && column + nextToIt < given.column()));
@@ -195,7 +195,7 @@ qint64 GuardedMarkup::readData(char *data, qint64 maxSize)
 
 void GuardedMarkup::holdBackDocumentType(const QByteArray &beginning)
 {
-    // A parser must not see the beginning of a document type that turns out to exceed a limit at its end.
+    // A parser must not get the start of a document type whose end exceeds a limit.
     m_heldBack = beginning;
     QByteArray chunk(Limits::documentTypeSize, Qt::Uninitialized);
     while (m_guard.isInDocumentType() && m_excess.isEmpty()) {
@@ -216,7 +216,7 @@ void GuardedMarkup::holdBackDocumentType(const QByteArray &beginning)
 
 qint64 GuardedMarkup::takeBytes(char *data, qint64 maxSize)
 {
-    // Not by the device's position: what is held back has been taken, but not read.
+    // Not by the device's position: held-back bytes have been taken, but not read.
     const qint64 size = std::min<qint64>(maxSize, buffer().size() - m_taken);
     std::memcpy(data, buffer().constData() + m_taken, static_cast<std::size_t>(size));
     m_taken += size;
@@ -244,7 +244,7 @@ qint64 GuardedMarkup::follow(const QByteArray &chunk)
         return chunk.size();
     }
     const qint64 allowed = m_isPlain ? followPlain(chunk) : followEncoded(chunk);
-    // With a document type, what stands before that place may belong to the entities that exceed the limit.
+    // With a document type, the text before that place may come from the entities that exceed the limit.
     return !m_excess.isEmpty() && m_guard.hasDocumentType() ? 0 : allowed;
 }
 
@@ -288,8 +288,8 @@ void GuardedMarkup::chooseDecoder(const QByteArray &beginning)
     } else if (const QTextCodec *const codec = QTextCodec::codecForName(declared.name)) {
         codecs.push_back(codec);
     }
-    // A parser continues in the encoding that the declaration names. Where the declaration itself is another
-    // text in that encoding, it continues at another place.
+    // A parser continues in the declared encoding. If the declaration itself decodes differently in it, the
+    // parser continues at another offset.
     const auto readsDifferently = [&](const QTextCodec *codec) {
         return codec != first && !decoded(*codec, beginning).startsWith(declaration);
     };

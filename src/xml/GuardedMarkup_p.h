@@ -13,7 +13,7 @@ class QTextDecoder;
 
 namespace Tobrix::Templates {
 
-/// The bytes of a template file on their way into one of Qt's parsers. They end where a limit is exceeded.
+/// The bytes of a template file as one of Qt's parsers gets them. They end where a limit is exceeded.
 class GuardedMarkup : public QBuffer
 {
 public:
@@ -30,8 +30,8 @@ public:
     int excessLine() const { return placeAfter(m_followed).line(); }
     int excessColumn() const { return placeAfter(m_followed).column(); }
 
-    /// Whether a parser found a fault before the place where the limit is exceeded: the excess is only a
-    /// consequence of the fault then, of a missing quote for example.
+    /// Whether a parser found a fault before the limit was exceeded. Then the exceeded limit is only a
+    /// consequence of the fault, of a missing quote for example.
     /// @param line where the parser stopped, from 1; 0 when it found no fault
     /// @param column where the parser stopped, from 1
     bool isFaultBeforeExcess(int line, int column) const;

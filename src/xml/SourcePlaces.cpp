@@ -17,7 +17,7 @@ bool isCharacter(QChar c)
 
 SourcePlaces::SourcePlaces(const QString &source) : m_source(source), m_lineStarts{0}
 {
-    // The next of each kind is looked for ahead, so that the text is gone through once for each.
+    // The next one of each kind is searched ahead, so that each search passes over the text once.
     int carriageReturn = source.indexOf(QLatin1Char('\r'));
     int lineFeed = source.indexOf(QLatin1Char('\n'));
     while (carriageReturn >= 0 || lineFeed >= 0) {
@@ -52,9 +52,9 @@ int SourcePlaces::charactersBefore(int offset) const
 
 Place SourcePlaces::placeOf(int offset) const
 {
-    const auto behind = std::upper_bound(m_lineStarts.cbegin(), m_lineStarts.cend(), offset);
-    const int lineStart = *(behind - 1);
-    return {static_cast<int>(behind - m_lineStarts.cbegin()),
+    const auto after = std::upper_bound(m_lineStarts.cbegin(), m_lineStarts.cend(), offset);
+    const int lineStart = *(after - 1);
+    return {static_cast<int>(after - m_lineStarts.cbegin()),
             charactersBefore(offset) - charactersBefore(lineStart) + 1};
 }
 

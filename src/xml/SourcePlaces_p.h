@@ -6,14 +6,14 @@
 
 namespace Tobrix::Templates {
 
-/// A place in a file as people count it: from 1, in characters.
+/// A place in a file: line and column from 1, in characters.
 struct Place
 {
     int line = 1;
     int column = 1;
 };
 
-/// Turns offsets into a file's text into places, and back.
+/// Converts offsets into a file's text to places, and back.
 class SourcePlaces
 {
 public:
@@ -21,8 +21,7 @@ public:
 
     Place placeOf(int offset) const;
 
-    /// The offset of a place that a parser has named, which counts the halves of a character outside of the
-    /// basic plane apart.
+    /// The offset of a place as a parser reports it, in UTF-16 units.
     int offsetOf(int line, int column) const;
 
 private:
@@ -30,8 +29,7 @@ private:
 
     const QString m_source;
     std::vector<int> m_lineStarts;
-    std::vector<int>
-        m_charactersBeforeBlocks; // of a fixed size, so that a long line need not be counted anew
+    std::vector<int> m_charactersBeforeBlocks; // of a fixed size, so that a long line is not counted again
 };
 
 } // namespace Tobrix::Templates

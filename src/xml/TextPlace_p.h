@@ -6,41 +6,39 @@
 
 namespace Tobrix::Templates {
 
-/// The place behind a text that comes in pieces, as XML parsers tell it: a line ends with a line feed, a
-/// carriage return or both, and what Qt keeps in two units counts two columns.
+/// The place after the chunks of a text, as XML parsers report it: lines end with LF, CR or CR LF; columns
+/// are UTF-16 units.
 class TextPlace
 {
 public:
-    /// The line, from 1.
     int line() const { return m_line; }
-    /// The column, from 1.
     int column() const { return m_column; }
 
-    /// Goes on behind the next piece.
-    void follow(const QString &piece)
+    /// Moves to the end of the next chunk.
+    void follow(const QString &chunk)
     {
-        if (piece.isEmpty()) {
+        if (chunk.isEmpty()) {
             return;
         }
         const QChar lineFeed = QLatin1Char('\n');
         const QChar carriageReturn = QLatin1Char('\r');
-        m_line += piece.count(lineFeed);
-        int lineEnd = piece.lastIndexOf(lineFeed);
-        if (piece.contains(carriageReturn)) {
-            m_line += piece.count(carriageReturn) - piece.count(QLatin1String("\r\n"));
-            lineEnd = std::max(lineEnd, piece.lastIndexOf(carriageReturn));
+        m_line += chunk.count(lineFeed);
+        int lineEnd = chunk.lastIndexOf(lineFeed);
+        if (chunk.contains(carriageReturn)) {
+            m_line += chunk.count(carriageReturn) - chunk.count(QLatin1String("\r\n"));
+            lineEnd = std::max(lineEnd, chunk.lastIndexOf(carriageReturn));
         }
-        if (m_isBehindReturn && piece.startsWith(lineFeed)) {
+        if (m_endsWithReturn && chunk.startsWith(lineFeed)) {
             --m_line;
         }
-        m_isBehindReturn = piece.endsWith(carriageReturn);
-        m_column = lineEnd < 0 ? m_column + piece.size() : piece.size() - lineEnd;
+        m_endsWithReturn = chunk.endsWith(carriageReturn);
+        m_column = lineEnd < 0 ? m_column + chunk.size() : chunk.size() - lineEnd;
     }
 
 private:
     int m_line = 1;
     int m_column = 1;
-    bool m_isBehindReturn = false;
+    bool m_endsWithReturn = false;
 };
 
 } // namespace Tobrix::Templates

@@ -31,7 +31,7 @@ const QTextCodec &codecOf(const QByteArray &bytes)
     return codec ? *codec : *QTextCodec::codecForName(wide.isEmpty() ? QByteArray("UTF-8") : wide);
 }
 
-/// The text of a file's first bytes, as far as they make whole characters.
+/// The text of a file's first bytes, up to the last complete character.
 struct Beginning
 {
     Beginning(const QTextCodec &codec, const QByteArray &bytes, int size)
@@ -93,7 +93,7 @@ Undecodable undecodableOf(const QByteArray &bytes)
         const int count = Beginning(codec, bytes, bytes.size()).state.invalidChars;
         return {encoding, count == 0 ? -1 : undecodableAt(bytes), count};
     }
-    // Not all of these codecs count what they replace, but none has that character from the file.
+    // Not all of these codecs count replacements, but none decodes this character from the file.
     const QString text = decodedXml(bytes);
     return {encoding, text.indexOf(replacement), text.count(replacement)};
 }

@@ -6,23 +6,23 @@ class QByteArray;
 
 namespace Tobrix::Templates {
 
-/// The encoding that the first bytes of a file imply, by a byte order mark or by the width of "<"; empty when
-/// they imply none but ASCII and its extensions.
+/// The encoding given by a byte order mark or by the width of "<" in the first bytes; empty for ASCII and its
+/// supersets.
 QByteArray wideEncoding(const QByteArray &bytes);
 
-/// The text of an XML file, in the encoding that its first bytes or its declaration name; UTF-8 where they
-/// name none. A byte order mark is no part of it.
+/// The text of an XML file without byte order mark, decoded by its first bytes or its declaration; UTF-8 by
+/// default.
 QString decodedXml(const QByteArray &bytes);
 
-/// The place in that text of the first bytes that stand for no character in its encoding; its end when all
-/// stand for one.
+/// The offset in that text of the first bytes that are invalid in its encoding; the end of the text when all
+/// are valid.
 int undecodableAt(const QByteArray &bytes);
 
-/// Bytes of a file that stand for no character in its encoding, and are replaced where it is read.
+/// Bytes of a file that are invalid in its encoding, and are replaced when it is decoded.
 struct Undecodable
 {
     QString encoding;
-    int at = -1; ///< the place of the first of them in the text
+    int at = -1; ///< offset of the first of them in the text
     int count = 0;
 
     bool isNull() const { return count == 0; }

@@ -2,10 +2,10 @@
 
 namespace Tobrix::Templates {
 
-/// What a document reports of one and the same text. The two formats were defined by two parsers of Qt's.
+/// What a document reports of the same text. Each format is defined by one of Qt's parsers.
 enum class XmlDialect : unsigned char {
-    /// As QDomDocument: qualified names, line ends and attribute values as they stand, no run of text that is
-    /// whitespace alone; of an attribute that is repeated the last one counts.
+    /// As QDomDocument: qualified names, line ends and attribute values unchanged, no text of whitespace
+    /// only; the last of repeated attributes counts.
     Dom,
     /// As QXmlStreamReader: local names of elements, line ends normalized, in attributes to blanks;
     /// undeclared prefixes and repeated attributes are faults.

@@ -21,7 +21,7 @@ namespace {
 
 using Node = XmlDocument::Node;
 
-/// Appends UTF-8 text. Nearly all of it is ASCII.
+/// Appends UTF-8 text, which is nearly always ASCII.
 void append(const char *begin, const char *end, QString &text)
 {
     const int size = static_cast<int>(end - begin);
@@ -41,7 +41,8 @@ void append(const char *begin, const char *end, QString &text)
     }
 }
 
-/// Appends the character that the reference at a place stands for, and gives the place after it.
+/// Appends the character of the reference at a place.
+/// @return the place after the reference
 const char *appendReference(const char *at, const char *end, QString &text)
 {
     const char *const semicolon = std::find(at, end, ';');
@@ -61,7 +62,7 @@ const char *appendReference(const char *at, const char *end, QString &text)
     return semicolon + 1;
 }
 
-/// Decodes references, and line ends where they are normalized: in values to blanks, as tabs are.
+/// Decodes references and, where they are normalized, line ends: in values to blanks, as tabs are.
 void decode(const char *at, const char *end, bool normalizes, bool isValue, bool hasReferences, QString &text)
 {
     while (at != end) {
@@ -96,14 +97,15 @@ void clear(QString &buffer)
 
 } // namespace
 
-/// What is only made when somebody asks for places.
+/// Built only when a place is requested.
 struct XmlDocument::Places
 {
     explicit Places(const QString &text) : source(text), lines(source) {}
 
     QString source;
     SourcePlaces lines;
-    // Of a document that Qt's parser made: what a scan of the file finds, and where in it each element is.
+    // For a document that Qt's parser made: the result of a scan of the file, and the offset of each element
+    // in it.
     std::unique_ptr<XmlTree> tree;
     std::vector<int> elements; // by node: the index in the tree; -1 where the two do not match
 };
@@ -217,7 +219,7 @@ QString XmlDocument::textBelow(int element) const
     if (first == end) {
         return QStringLiteral("");
     }
-    // Nearly every text is one piece.
+    // Nearly every text is one chunk.
     QString text = this->text(first);
     for (int i = first + 1; i < end; ++i) {
         if (isText(i)) {
@@ -246,7 +248,7 @@ const XmlDocument::Places &XmlDocument::places() const
         m_places = std::make_unique<Places>(QString::fromUtf8(text(), textSize()));
         return *m_places;
     }
-    // What is wrong with a file over this limit is at its beginning.
+    // A file over this limit is reported at its beginning.
     m_places = std::make_unique<Places>(m_bytes.size() > Limits::fileSize ? QString() : decodedXml(m_bytes));
     m_places->tree = std::make_unique<XmlTree>(m_places->source, m_dialect);
     const XmlTree &tree = *m_places->tree;
@@ -284,7 +286,7 @@ int XmlDocument::sourceOffset(int node) const
     const int found = known.elements[static_cast<std::size_t>(element)];
     const int next = found + 1;
     const XmlTree &tree = *known.tree;
-    // The text that directly follows a start tag; of others the element is told.
+    // Text that directly follows a start tag; any other text is reported at its element.
     const bool isFirstText =
         element == node - 1 && isText(node) && next < tree.size() &&
         (tree.node(next).kind == XmlNode::Text || tree.node(next).kind == XmlNode::CData);
@@ -362,7 +364,7 @@ int XmlDocument::sourceOffsetOfFault() const
     const Places &known = places();
     const int noticedAt = known.lines.offsetOf(m_fault.line, m_fault.column);
     if (m_fault.kind == XmlFault::OverLimit) {
-        // A limit is exceeded within the tag that does it, or within a text.
+        // A limit is exceeded within a tag or within a text.
         const int last = std::max(0, std::min(noticedAt, known.source.size()) - 1);
         const int tagAt = known.source.lastIndexOf(QLatin1Char('<'), last);
         const bool isInTag =

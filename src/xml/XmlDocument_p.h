@@ -15,13 +15,13 @@ namespace Tobrix::Templates {
 struct Place;
 class XmlFile;
 
-/// How a document was made.
+/// Which parser makes a document.
 enum class XmlWay : unsigned char {
     Automatic, ///< the strict parser, or Qt's for what it refuses
     Qt         ///< always Qt's parser: for diagnosis and comparison
 };
 
-/// Why a document is not whole.
+/// Why a document is not complete.
 struct XmlFault
 {
     enum Kind : unsigned char {
@@ -34,15 +34,15 @@ struct XmlFault
     QString explanation;        ///< as the end of a sentence, without full stop
     int line = 0;               ///< where it was noticed, from 1
     int column = 0;             ///< from 1, in UTF-16 units, as Qt's parsers count
-    bool isUndecodable = false; ///< whether bytes stand for no character in the encoding of the file
+    bool isUndecodable = false; ///< whether there are bytes that are invalid in the encoding of the file
 
     explicit operator bool() const { return kind != None; }
 };
 
-/// The markup of one file, read-only: elements with their attributes, and pieces of text, in document order.
-/// It is made for a dialect, and reports what the parser of that dialect would.
+/// The markup of one file, read-only: elements with their attributes, and texts, in document order, as the
+/// parser of the dialect reports them.
 ///
-/// Texts are turned into QStrings only when they are asked for, places only when somebody wants to name them.
+/// Texts become QStrings, and offsets become places, only on request.
 class XmlDocument
 {
 public:
@@ -54,12 +54,12 @@ public:
             CData,
             Comment,
             Instruction,
-            Reference ///< to an entity that no declaration gives a text: ends a piece of text
+            Reference ///< to an undeclared entity; separates text nodes
         };
 
         quint32 at = 0;             ///< of an element's "<", or of the first character of a text
         quint32 extent = 0;         ///< of an element: the node after its last descendant; else the size
-        quint32 firstAttribute = 0; ///< of an element; of other nodes that of the next element
+        quint32 firstAttribute = 0; ///< of an element; for other nodes, that of the next element
         quint32 name : 24;          ///< of an element: the number of its name
         Kind kind : 4;
         unsigned char flags : 4;
@@ -99,10 +99,10 @@ public:
 
     XmlDialect dialect() const { return m_dialect; }
 
-    /// What is wrong with the document. Of the Dom dialect a document over a limit is empty, one that is not
-    /// well-formed has what stands before the fault; of the Stream dialect both have what stands before it.
+    /// What is wrong with the document. Over a limit, the Dom dialect gives an empty document; in all other
+    /// cases the document has what precedes the fault.
     const XmlFault &fault() const { return m_fault; }
-    /// Why the strict parser did not read the file; XmlRefusal::None when it did.
+    /// Why the strict parser refused the file; XmlRefusal::None when it did not.
     XmlRefusal refusal() const { return m_refusal; }
 
     int size() const { return m_nodes.empty() ? 0 : static_cast<int>(m_nodes.size()) - 1; }
@@ -111,50 +111,48 @@ public:
     bool isText(int index) const { return node(index).kind == Node::Text || node(index).kind == Node::CData; }
     /// The node after the last descendant of an element; the next one for every other node.
     int end(int index) const { return isElement(index) ? static_cast<int>(node(index).extent) : index + 1; }
-    /// Whether the end of an element was met. It is not where the document breaks off.
+    /// Whether the end of an element was read; false for elements open at a fault.
     bool isClosed(int index) const { return (node(index).flags & Closed) != 0; }
 
-    /// The names of elements and attributes that occur, each at its number.
+    /// The names of elements and attributes, indexed by number.
     const std::vector<QString> &names() const { return m_names; }
     const QString &nameOf(int element) const { return m_names[node(element).name]; }
     const QString &nameOf(const Attribute &attribute) const { return m_names[attribute.name]; }
 
     Attributes attributes(int element) const;
-    /// The attribute of a name that counts, the last one; null when the element has none.
-    /// @param name the number of a name; -1 finds nothing
+    /// The last attribute of a name, which is the one that counts; null when the element has none.
+    /// @param name the number of a name, or -1
     const Attribute *attribute(int element, int name) const;
-    /// Whether a later attribute of the same name and element counts in place of this one.
+    /// Whether a later attribute of the same name replaces this one.
     static bool isSuperseded(const Attribute &attribute) { return (attribute.flags & Superseded) != 0; }
 
-    /// The text of a text node, of a comment or of an instruction, as the dialect's parser reports it; an
-    /// empty one is not null.
+    /// The text of a text node, a comment or an instruction, as the dialect's parser reports it; never null.
     QString text(int node) const;
-    /// The same without a string of its own: valid until the buffer changes.
+    /// The same without copying: valid until the buffer changes.
     QStringRef text(int node, QString &buffer) const;
     QString value(const Attribute &attribute) const;
     QStringRef value(const Attribute &attribute, QString &buffer) const;
 
-    /// All text below an element, in document order, not null.
+    /// All text below an element, in document order; never null.
     QString textBelow(int element) const;
 
-    /// The element around a node; -1 for the root and what stands beside it. Walks back: for the few.
+    /// The parent element of a node; -1 for the root and its siblings. Walks back: not for frequent use.
     int parentOf(int index) const;
 
-    /// Where a node begins: an element's "<", the first character of a text; and an attribute: its name. Of a
-    /// document that Qt's parser made it is found by a scan of the file. What that does not find is at the
-    /// place of the nearest element around that it does.
-    /// @return the offset into the bytes of the file
+    /// The offset of a node (an element's "<", the first character of a text) or an attribute (its name) in
+    /// the bytes of the file. For a document that Qt's parser made it comes from a scan of the file; a node
+    /// that the scan does not find has the offset of the nearest ancestor that it does find.
     qint64 byteOffsetOf(int node) const;
     qint64 byteOffsetOf(int element, const Attribute &attribute) const;
-    /// The same in lines and characters.
+    /// The same as line and column.
     Place placeOf(int node) const;
     Place placeOf(int element, const Attribute &attribute) const;
-    /// Where a person has to look for the fault, which may be before the place where it was noticed.
+    /// The place to show for the fault, which may precede the place where it was noticed.
     Place placeOfFault() const;
-    /// What is wrong, as the end of a sentence: the parser's explanation, or a better one where it is known.
+    /// The fault as the end of a sentence: the parser's explanation, or a better one when available.
     QString explanationOfFault() const;
 
-    /// Where a node begins, and where the fault is, as offsets into the decoded text of the file.
+    /// The offset of a node, and of the fault, in the decoded text of the file.
     int sourceOffset(int node) const;
     int sourceOffsetOfFault() const;
 

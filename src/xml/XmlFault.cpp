@@ -17,7 +17,7 @@ bool isXmlCharacter(uint code)
     return !isControl && !isNone && !QChar::isSurrogate(code);
 }
 
-/// Looks for the first fault up to the place where a parser noticed it.
+/// Finds the first fault up to the place where a parser noticed it.
 class FaultSearch
 {
 public:
@@ -112,7 +112,7 @@ int placeOfFault(const XmlTree &document, int noticedAt)
     if (found < noticedAt || noticedAt == source.size() || document.dialect() == XmlDialect::Dom) {
         return found;
     }
-    // The stream has taken the character that it does not accept; at the end of a tag it is the whole tag.
+    // The stream has consumed the character that it rejects; at the end of a tag, the whole tag.
     const int taken = std::max(0, noticedAt - 1);
     const bool isEndOfTag = taken < source.size() && source.at(taken) == QLatin1Char('>');
     return isEndOfTag ? std::max(0, source.lastIndexOf(QLatin1Char('<'), taken)) : taken;

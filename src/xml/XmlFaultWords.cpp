@@ -9,7 +9,7 @@ namespace Tobrix::Templates {
 
 namespace {
 
-/// The name in the tag at a place, in brief.
+/// The name in the tag at a place, shortened.
 QString nameInTag(const QString &source, int tagAt)
 {
     constexpr int longest = 64;
@@ -31,7 +31,7 @@ QString lineOf(const SourcePlaces &places, int at)
 
 QString wordsForFault(const XmlTree &document, const SourcePlaces &places, int faultAt)
 {
-    // What entities add to a document is not in its tree.
+    // Text from entities is not in the tree.
     if (faultAt != document.brokenAt() || document.unfollowedDocumentType() >= 0) {
         return QString();
     }

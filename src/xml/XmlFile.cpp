@@ -32,12 +32,12 @@ XmlFile::Access XmlFile::open(const QString &path)
 
 XmlFile::Access XmlFile::openRegular(const QString &path)
 {
-    // The system would take what stands before a null character for the whole path.
+    // The system would treat the part before a null character as the whole path.
     if (path.isEmpty() || path.contains(QChar(QChar::Null))) {
         return Access::NotFound;
     }
-    // Opening a pipe without O_NONBLOCK waits for its writer. The type is that of what was opened: the path
-    // may name another file by now.
+    // Opening a pipe without O_NONBLOCK waits for its writer. The type is that of the opened file: the path
+    // may name another one by now.
     const int descriptor =
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0) {

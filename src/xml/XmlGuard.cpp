@@ -72,7 +72,7 @@ const char *XmlGuard::followText(const char *at, const char *end)
 
 const char *XmlGuard::followMarkup(const char *at, const char *end)
 {
-    // Most markup is tags: these are followed at once.
+    // Most markup is tags: these are handled first.
     switch (*at) {
     case '/':
         enter(State::EndTag);
@@ -111,7 +111,7 @@ const char *XmlGuard::followDeclaration(const char *at)
         isPossible = isPossible || declaration.keyword.startsWith(m_declaration);
     }
     if (!isPossible) {
-        // No parser continues after this. One that did would take it for a tag.
+        // No parser accepts this. One that did would treat it as a tag.
         openElement();
     }
     return at + 1;
@@ -156,12 +156,12 @@ const char *XmlGuard::followStartTag(const char *at, const char *end)
 const char *XmlGuard::skipElementName(const char *at, const char *end)
 {
     const char *const begin = at;
-    // Many tags of a template are only a name.
+    // Many tags of a template have only a name.
     const char *const tagEnd = find('>', at, end);
     if (tagEnd != end && find('=', at, tagEnd) == tagEnd) {
         at = tagEnd;
     } else {
-        // In ASCII, letters come after all characters of markup.
+        // In ASCII, letters come after all markup characters.
         while (at != end && static_cast<unsigned char>(*at) > static_cast<unsigned char>('>')) {
             ++at;
         }
@@ -215,7 +215,7 @@ const char *XmlGuard::followDocumentType(const char *at, const char *end)
 
 bool XmlGuard::isDocumentTypeAtEnd(char c)
 {
-    // Quotes mean nothing in comments ('-') and instructions ('?'), and brackets nothing in any of them.
+    // Quotes have no meaning in comments ('-') and instructions ('?'), and brackets in none of them.
     const auto begin = [this, c] {
         m_documentTypeQuote = c;
         m_documentTypeQuoted = m_documentTypeText.size() + 1;
@@ -277,7 +277,7 @@ void XmlGuard::followReference(char c)
         countElements(cost.elements);
         countNamespaceDeclarations(cost.namespaceDeclarations);
     } else if (m_isInReference) {
-        // No document type can declare a longer name.
+        // A document type cannot declare a longer name.
         m_isInReference = m_reference.size() < Limits::documentTypeSize;
         m_reference += c;
     }

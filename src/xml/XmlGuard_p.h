@@ -9,31 +9,30 @@
 
 namespace Tobrix::Templates {
 
-/// Follows the markup of an XML document as it is handed to a parser, and says when it exceeds a limit. It
-/// understands only as much of XML as that needs: what is not well-formed is for the parser to find, which
-/// stops there.
+/// Scans the markup of an XML document before a parser gets it, and reports when a limit is exceeded. It does
+/// not check well-formedness: the parser stops at any fault.
 ///
 /// Works on bytes in which markup is ASCII.
 class XmlGuard
 {
 public:
-    /// Follows the next bytes.
+    /// Scans the next bytes.
     /// @return how many of them are within the limits: all, or those before the place where one is exceeded
     qint64 follow(const char *bytes, qint64 size);
 
-    /// The limit that is exceeded, in words; empty as long as none is.
+    /// The exceeded limit, in words; empty when none is.
     QString excess() const { return m_excess; }
 
-    /// Whether the bytes are whole: they end outside of all markup, and all elements are closed, and were
-    /// open before that.
+    /// Whether the bytes are complete: all markup ends, and all elements are closed and have no end tag too
+    /// many.
     bool isWhole() const { return m_state == State::Text && m_depth == 0 && !m_isClosedTooOften; }
 
-    /// The nesting depth reached, and the elements and namespace declarations in all.
+    /// The nesting depth reached, and the total number of elements and namespace declarations.
     int deepest() const { return m_deepest; }
     qint64 elements() const { return m_elements; }
     qint64 namespaceDeclarations() const { return m_namespaceDeclarations; }
 
-    /// Whether the bytes end within a document type, of which nothing can be said before its end.
+    /// Whether the bytes end within a document type, which is checked only at its end.
     bool isInDocumentType() const { return m_state == State::DocumentType; }
     bool hasDocumentType() const { return m_hasDocumentType; }
 
@@ -62,7 +61,7 @@ private:
     const char *followEndTag(const char *at, const char *end);
     const char *followDocumentType(const char *at, const char *end);
 
-    /// Looks for the first of a character from a place on, and at the references to entities up to there.
+    /// Searches for a character, and checks the references to entities before it.
     const char *findAfterReferences(char c, const char *at, const char *end);
     void followReference(char c);
 
@@ -76,7 +75,7 @@ private:
     void beginAttributeValue(char quote);
     bool isDocumentTypeAtEnd(char c);
 
-    /// Notes an exceeded limit unless there is one already. Nothing after it is followed.
+    /// Records an exceeded limit unless one is recorded already. Nothing after it is scanned.
     void require(const QString &excess);
     void require(bool isWithinLimit, const char *excess, int limit = 0);
 
@@ -94,7 +93,7 @@ private:
     char m_quote = 0;
     int m_attributes = 0;
     qint64 m_namespaceDeclarations = 0;
-    // Only the beginning of the name matters.
+    // Only the start of the name is compared.
     std::array<char, 5> m_attributeName = {};
     std::size_t m_attributeNameSize = 0;
     bool m_isAttributeNameComplete = false;
@@ -103,7 +102,7 @@ private:
     QByteArray m_documentTypeText;
     int m_documentTypeBrackets = 0;
     char m_documentTypeQuote = 0;
-    int m_documentTypeQuoted = 0; // where what is quoted begins
+    int m_documentTypeQuoted = 0; // where the quoted text begins
     DocumentTypeGuard m_documentType;
 
     bool m_isInReference = false;

@@ -78,7 +78,7 @@ void XmlQtParser::parseDom(GuardedMarkup &markup)
             open.push_back(begin(node.nodeName()));
         }
         addDomNode(node);
-        // Text below an entity reference is no text of the element around.
+        // Text below an entity reference does not belong to the element around it.
         QDomNode next = node.isElement() || node.isEntityReference() ? node.firstChild() : QDomNode();
         while (next.isNull() && !node.isNull()) {
             if (node.isElement()) {
@@ -114,7 +114,7 @@ void XmlQtParser::parseStream(GuardedMarkup &markup)
 {
     QXmlStreamReader xml(&markup);
     std::vector<int> open;
-    // Whether it is at its end, the stream asks the device, and that does not know of the limits.
+    // The stream asks the device whether it is at its end, and the device does not know the limits.
     for (auto token = xml.readNext();
          token != QXmlStreamReader::EndDocument && token != QXmlStreamReader::Invalid;
          token = xml.readNext()) {

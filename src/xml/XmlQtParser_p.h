@@ -13,8 +13,7 @@ namespace Tobrix::Templates {
 
 class GuardedMarkup;
 
-/// Fills a document with what Qt's parser of the dialect reports: for the files that the strict parser
-/// refuses.
+/// Fills a document from Qt's parser of the dialect, for files that the strict parser refuses.
 class XmlQtParser
 {
 public:
@@ -37,7 +36,7 @@ private:
     quint32 keep(QStringView text);
 
     XmlDocument &m_document;
-    // Views of the document's names. Ordered: a file could choose names whose hashes collide.
+    // Views of the document's names. An ordered map: a file could choose names with colliding hashes.
     std::map<QStringView, quint32> m_numbers;
     // By name, the one that came after it the last time: markup repeats itself.
     std::vector<quint32> m_successors;

@@ -13,7 +13,7 @@ QLatin1String wordsFor(XmlRefusal refusal)
         QLatin1String("no element"),
         QLatin1String("an XML declaration of unusual form"),
         QLatin1String("an encoding that only Qt decodes"),
-        QLatin1String("bytes that stand for no character"),
+        QLatin1String("invalid bytes"),
         QLatin1String("a character that XML does not allow"),
         QLatin1String("a byte order mark inside of the text"),
         QLatin1String("a document type"),

@@ -4,9 +4,9 @@
 
 namespace Tobrix::Templates {
 
-/// Why the strict parser leaves a document to Qt's parser.
+/// Why the strict parser refuses a document, which Qt's parser reads then.
 enum class XmlRefusal : unsigned char {
-    None, ///< it does not
+    None, ///< not refused
     Forced,
     Empty,
     Declaration,
@@ -28,7 +28,6 @@ enum class XmlRefusal : unsigned char {
     Count
 };
 
-/// The reason in words.
 QLatin1String wordsFor(XmlRefusal refusal);
 
 } // namespace Tobrix::Templates

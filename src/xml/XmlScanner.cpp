@@ -22,13 +22,13 @@ bool beginsName(QChar c)
 bool endsName(QChar c)
 {
     if (c > QLatin1Char('>')) {
-        return false; // as nearly all are
+        return false; // the common case
     }
     return isSpace(c) || c == QLatin1Char('>') || c == QLatin1Char('/') || c == QLatin1Char('=') ||
            c == QLatin1Char('<') || c == QLatin1Char('"') || c == QLatin1Char('\'');
 }
 
-/// What something without an end is, in words.
+/// The name of an unfinished construct, in words.
 QString wordsFor(XmlNode::Kind kind)
 {
     switch (kind) {
@@ -50,7 +50,7 @@ QStringView withoutPrefix(QStringView name)
 
 void XmlScanner::scan()
 {
-    // Hardly a template has its nodes closer together.
+    // In real templates, nodes are rarely closer together.
     constexpr int charactersOfANode = 12;
     m_tree.m_nodes.reserve(static_cast<std::size_t>(m_size / charactersOfANode));
     while (m_at < m_size) {
@@ -287,7 +287,7 @@ void XmlScanner::readEntities(QStringView documentType, int at)
     while (matches.hasNext()) {
         const auto match = matches.next();
         const QString text = match.captured(2) + match.captured(3);
-        // A character of a reference in there may turn out to be markup.
+        // A character from a reference in it may be markup.
         hasCharacterReference = hasCharacterReference || text.contains(QLatin1String("&#"));
         if (!m_tree.m_entities.contains(match.captured(1))) {
             m_tree.m_entities.insert(match.captured(1), text);

@@ -4,7 +4,7 @@
 
 namespace Tobrix::Templates {
 
-/// Fills a tree from its source. Takes what a parser has accepted, and comes to an end on everything else.
+/// Fills a tree from its source. Expects text that a parser has accepted, and terminates on any other.
 class XmlScanner
 {
 public:
@@ -15,9 +15,9 @@ public:
 private:
     void scanMarkup();
     void scanText(int end);
-    /// Takes a text, or a piece of one, that is not empty.
+    /// Adds a non-empty text or chunk of text.
     void pushText(XmlNode::Kind kind, int end);
-    /// Takes a text up to its last reference to an entity that another file may declare.
+    /// Adds a text up to its last reference to an entity that another file may declare.
     void splitText(int end);
     void scanStartTag();
     void scanAttributes();
@@ -25,13 +25,13 @@ private:
     void scanDocumentType();
     void readEntities(QStringView documentType, int at);
 
-    /// Whether the text of an entity has a reference in it that the stream hands out on its own.
+    /// Whether an entity's text has a reference that the stream reports as a token.
     bool hasDividedEntity() const;
 
-    /// Takes markup up to a terminator, which it passes.
+    /// Adds markup up to and including a terminator.
     void scanTo(QLatin1String terminator, XmlNode::Kind kind, int openingSize);
 
-    /// Passes over something in a document type, up to the last character of its terminator.
+    /// Skips a construct in a document type, up to the last character of its terminator.
     void skipTo(QLatin1String terminator, int openingSize);
 
     QChar here() const { return m_at < m_size ? m_source.at(m_at) : QChar(); }
@@ -41,10 +41,10 @@ private:
     int numberOf(QStringView name);
     void push(XmlNode node);
 
-    /// The place of the first text up to an end that stands in no element; the end when there is none.
+    /// The offset of the first text outside of all elements, up to an end; the end when there is none.
     int strayTextBefore(int end) const;
 
-    /// Notes where the document is broken, of several places the first.
+    /// Records where the document is broken; the first place wins.
     void breakIf(bool isBroken, int at);
 
     XmlTree &m_tree;

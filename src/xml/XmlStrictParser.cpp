@@ -16,7 +16,7 @@ enum CharacterClass : unsigned char {
     NameStart = 1,
     NamePart = 2, // a colon as well
     Space = 4,
-    PlainText = 8, // what a text may hold without a second look
+    PlainText = 8, // text that needs no further check
     PlainValue = 16
 };
 
@@ -72,7 +72,7 @@ bool isXmlCharacter(uint code)
            (code >= 0xE000 && code < 0xFFFE) || (code >= 0x10000 && code <= QChar::LastValidCodePoint);
 }
 
-/// The multiplier of the hash of names. No file can foresee it, and so which names collide.
+/// The multiplier of the hash of names: random, so that a file cannot cause collisions.
 quint64 hashMultiplier()
 {
     static const quint64 multiplier = (quint64(std::random_device()()) << 32 | std::random_device()()) | 1;
@@ -182,7 +182,7 @@ bool XmlStrictParser::decode(const QByteArray &bytes)
     const QByteArray wide = wideEncoding(bytes);
     if (!wide.isEmpty()) {
         m_document.m_markSize = 2;
-        // Without a byte order mark the parsers find out in different ways.
+        // Without a byte order mark the parsers detect the encoding differently.
         return wide == "UTF-16" && bytes.size() % 2 == 0 ? decodeWith(bytes, wide)
                                                          : reject(XmlRefusal::Encoding);
     }
@@ -199,7 +199,7 @@ bool XmlStrictParser::decode(const QByteArray &bytes)
         return requireCharacters();
     }
     const QTextCodec *const codec = QTextCodec::codecForName(encoding);
-    // Encodings of one byte a character, in which markup is ASCII.
+    // Single-byte encodings in which markup is ASCII.
     constexpr int singleByte[] = {4 /* ISO-8859-1 */, 111 /* ISO-8859-15 */, 2252 /* Windows-1252 */};
     const bool isKnown =
         codec && m_document.m_markSize == 0 &&
@@ -240,7 +240,7 @@ bool XmlStrictParser::parseDeclaration(const char *&at, QByteArray &encoding)
         return end && search(at, end, "encoding", 8) ? reject(XmlRefusal::Declaration) : true;
     }
     const char *p = at + 5;
-    // The value of a pseudo-attribute; empty when it is another one.
+    // The value of the pseudo-attribute at a place; empty when it has another name.
     const auto take = [&p](const char *name) {
         const char *q = skipSpace(p);
         const std::size_t size = qstrlen(name);
@@ -266,7 +266,7 @@ bool XmlStrictParser::parseDeclaration(const char *&at, QByteArray &encoding)
     const bool isSound = version == "1.0" &&
                          (standalone.isEmpty() || standalone == "yes" || standalone == "no") &&
                          (encoding.isEmpty() || hasClass(encoding.front(), NameStart)) && startsWith(p, "?>");
-    // Qt's DOM parser looks for the encoding in the first bytes alone.
+    // Qt's DOM parser searches for the encoding in the first bytes only.
     constexpr int longest = 200;
     if (!isSound || p - at > longest) {
         return reject(XmlRefusal::Declaration);
@@ -281,7 +281,7 @@ bool XmlStrictParser::requireCharacters()
     std::size_t attributes = 0;
     unsigned char high = 0;
     unsigned char control = 0;
-    // Blocks small enough for counters of one byte, so that the compiler takes many bytes at a time.
+    // Blocks small enough for one-byte counters, so that the compiler can vectorize the loop.
     constexpr std::ptrdiff_t blockSize = 128;
     for (const char *block = m_begin; block != m_end;) {
         const char *const blockEnd = block + std::min(blockSize, m_end - block);
@@ -304,7 +304,7 @@ bool XmlStrictParser::requireCharacters()
     if ((high & highBit) != 0 && !requireUtf8()) {
         return false;
     }
-    // What is reserved and not used costs no memory.
+    // Reserved memory that is not used costs nothing.
     m_document.m_nodes.reserve(tags + 2);
     m_document.m_attributes.reserve(attributes);
     return true;
@@ -412,7 +412,7 @@ const char *XmlStrictParser::parseText(const char *at)
     return at;
 }
 
-/// Whether a run of text consists of white space alone, when all that stands for it is decoded.
+/// Whether a run of text is whitespace only, with its references decoded.
 bool XmlStrictParser::isDroppedRun(const char *begin, const char *end) const
 {
     const char *const first = skipSpace(begin);
@@ -429,7 +429,7 @@ bool XmlStrictParser::isDroppedRun(const char *begin, const char *end) const
 void XmlStrictParser::pushText(const char *begin, const char *end, bool hasReferences, bool hasReturns,
                                bool isBlank)
 {
-    // No rule of a reader's sees white space after an element whose text it has.
+    // No rule of a reader depends on whitespace after an element whose text has been read.
     if (isBlank && (!m_isStream || (m_hasText && m_hasEnd))) {
         return;
     }
@@ -467,7 +467,7 @@ const char *XmlStrictParser::parseReference(const char *at)
         const int digit = isDigit ? *at - '0' : letter - 'a' + 10;
         code = code * (isHexadecimal ? 16 : 10) + static_cast<uint>(digit);
     }
-    // Qt's DOM parser cuts larger numbers to 16 bits.
+    // Qt's DOM parser truncates larger numbers to 16 bits.
     const bool isCut = !m_isStream && code > 0xFFFF;
     const bool isSound = at != digits && isXmlCharacter(code) && code != QChar::ByteOrderMark && !isCut;
     return isSound ? at + 1 : refuse(XmlRefusal::Reference);
@@ -488,7 +488,7 @@ const char *XmlStrictParser::parseName(const char *at, Name &name)
         }
     }
     name.end = at;
-    // Names beyond ASCII are left to Qt.
+    // Names beyond ASCII are left to Qt's parser.
     const bool isWhole = static_cast<unsigned char>(*at) < 0x80 && name.size() <= longestName;
     return isWhole ? at : refuse(XmlRefusal::Name);
 }
@@ -590,7 +590,7 @@ const char *XmlStrictParser::parseValue(const char *at, XmlDocument::Attribute &
         } else if (*at == '<' || *at == '\0') {
             return refuse(XmlRefusal::Tag);
         } else {
-            // The other quote, or white space that the stream makes blanks of.
+            // The other quote, or whitespace that the stream normalizes to blanks.
             if (m_isStream && hasClass(*at, Space)) {
                 attribute.flags = XmlDocument::NeedsDecoding;
             }
@@ -665,7 +665,7 @@ bool XmlStrictParser::arePrefixesSound(const Name &element)
     for (std::size_t i = 0; i < m_prefixed.size(); ++i) {
         const Name &name = m_prefixed[i];
         const Name local{name.local(), name.end, nullptr};
-        // Two prefixes may stand for one namespace, and then these are the same attribute.
+        // Two prefixes may be bound to one namespace, which makes these the same attribute.
         const auto isSame = [&](const Name &other) {
             return local.is(other.local(), static_cast<std::size_t>(other.end - other.local()));
         };

@@ -8,15 +8,14 @@
 
 namespace Tobrix::Templates {
 
-/// Fills a document in one pass over the bytes of a file, without recursion. It reads only what it is certain
-/// of: everything that Qt's parser of the dialect could report in another way is refused, and so is every
-/// fault and every excess.
+/// Fills a document in one pass over the bytes of a file, without recursion. It refuses every fault,
+/// everything over a limit, and everything that Qt's parser of the dialect could report differently.
 class XmlStrictParser
 {
 public:
     explicit XmlStrictParser(XmlDocument &document);
 
-    /// @return None when the document was filled; else it holds nothing of use
+    /// @return None when the document was filled; else its content is unspecified
     XmlRefusal parse(const QByteArray &bytes);
 
 private:
@@ -25,7 +24,7 @@ private:
         const char *name;
         std::size_t nameSize;
         quint32 node;
-        std::size_t bindings; // of namespace prefixes, before the element
+        std::size_t bindings; // number of namespace prefixes in scope before the element
     };
 
     struct Name
@@ -53,7 +52,7 @@ private:
     bool requireCharacters();
     bool requireUtf8();
 
-    // Each takes the place of a construct and gives the place after it, null when it is refused.
+    // Each takes the place of a construct and returns the place after it, or null when it is refused.
     const char *parseMarkup(const char *at);
     const char *parseText(const char *at);
     const char *parseStartTag(const char *at);

@@ -21,7 +21,7 @@ bool isBlankText(QStringView text)
     return std::all_of(text.begin(), text.end(), isSpace);
 }
 
-/// The character that "#65" or "#x41" stands for; empty when that is none.
+/// The character of a reference such as "#65" or "#x41"; empty when invalid.
 QString characterOf(QStringView reference)
 {
     const bool isHexadecimal = reference.size() > 1 && reference.at(1) == QLatin1Char('x');
@@ -49,7 +49,7 @@ const PredefinedEntity *predefinedEntity(QStringView name)
     return found == std::end(predefinedEntities) ? nullptr : found;
 }
 
-/// Line breaks as a parser hands them on that knows only one kind, or none in attributes.
+/// Line breaks as a parser reports them that normalizes them, in attributes to blanks.
 QString withPlainBreaks(QStringView source, bool isAttribute)
 {
     QString text = source.toString();
@@ -162,7 +162,7 @@ bool XmlTree::isBlank(int index) const
 
 QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
 {
-    // What a reference stands for keeps its line breaks: only those of the source are made plain.
+    // Line breaks from references are kept; only those of the source are normalized.
     const auto plain = [&](QStringView piece) {
         return m_dialect == XmlDialect::Stream && (m_hasReturns || isAttribute)
                    ? withPlainBreaks(piece, isAttribute)
@@ -184,7 +184,7 @@ QString XmlTree::expanded(QStringView raw, bool isAttribute, int nesting) const
         text += plain(raw.mid(from, begin - from));
         const QStringView name = raw.mid(begin + 1, end - begin - 1);
         from = end + 1;
-        // Of an attribute the stream leaves such a reference as it stands.
+        // In attributes, the stream keeps such a reference unexpanded.
         const bool isKept = isAttribute && m_dialect == XmlDialect::Stream && isUnknownEntity(name);
         text += isKept ? raw.mid(begin, from - begin).toString() : entityText(name, nesting);
     }

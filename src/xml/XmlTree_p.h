@@ -13,7 +13,7 @@ namespace Tobrix::Templates {
 
 class XmlElement;
 
-/// An attribute, as places in its document's source.
+/// An attribute, as offsets into its document's source.
 struct XmlAttribute
 {
     int at = 0;
@@ -22,7 +22,7 @@ struct XmlAttribute
     int valueSize = 0;
 };
 
-/// A node, as places in its document's source. The nodes below an element are those behind it, up to its end.
+/// A node, as offsets into its document's source. An element's descendants follow it, up to its end.
 struct XmlNode
 {
     enum Kind : unsigned char {
@@ -38,14 +38,14 @@ struct XmlNode
     int at = 0;          ///< of the "<"; of the first character for a text, one in CDATA as well
     int contentAt = 0;   ///< of an element's name or a text's first character
     int contentSize = 0; ///< of an element's name or a text
-    int name = 0;        ///< an element's name, as a number that elements of this name share
+    int name = 0;        ///< the number of an element's name
     int end = 0;
     int parent = -1;
     int firstAttribute = 0;
     int attributeCount = 0;
 };
 
-/// Something that a source has no end of: its innermost open element, a comment.
+/// The construct that the source ends in: its innermost open element, or a comment.
 struct XmlUnfinished
 {
     QString words;
@@ -54,8 +54,7 @@ struct XmlUnfinished
     bool isNull() const { return at < 0; }
 };
 
-/// A document's elements and texts, every one with its place. Nothing of it is copied out of the source
-/// before somebody asks: all but a few values of a template are in order.
+/// A document's elements and texts with their offsets. Texts are copied out of the source on request only.
 class XmlTree
 {
 public:
@@ -77,42 +76,42 @@ public:
     /// The number of a name in this document; -1 when no element has it.
     int numberOf(QLatin1String name) const;
 
-    /// The names of all elements, each at the place of its number.
+    /// The names of all elements, indexed by number.
     const std::vector<QString> &names() const { return m_names; }
 
-    /// The text of a text node, with everything that it refers to.
+    /// The text of a text node, with references expanded.
     QString textOf(int index) const;
     /// The same for an attribute's value.
     QString valueOf(const XmlAttribute &attribute) const;
     QStringView nameOf(const XmlAttribute &attribute) const;
     const XmlAttribute &attribute(int index) const { return m_attributes[static_cast<std::size_t>(index)]; }
-    /// The first attribute that an element has under the name of a later one of it; null when there is none.
+    /// The first attribute of the same name before an attribute of an element; null when there is none.
     const XmlAttribute *sameAttributeBefore(const XmlNode &element, int number) const;
 
-    /// Whether a text node has nothing but white space.
+    /// Whether a text node is whitespace only.
     bool isBlank(int index) const;
 
-    /// Where the document refers to entities that nothing in it declares.
+    /// Offsets of references to undeclared entities.
     std::vector<int> unknownEntities() const;
-    /// Whether something declares an entity, XML itself included.
+    /// Whether an entity is declared or predefined.
     bool hasEntity(QStringView name) const;
 
     /// Whether the document type names another file that may declare entities. The stream does not read it,
-    /// but takes what refers to them.
+    /// but accepts references to them.
     bool hasExternalSubset() const { return m_hasExternalSubset; }
 
     XmlDialect dialect() const { return m_dialect; }
 
-    /// Where elements and texts may come from that do not stand in the source: a document type that declares
-    /// more than plain texts. -1 when there is no such thing.
+    /// The offset of a document type with declarations that may add elements to the document; -1 when there
+    /// is none.
     int unfollowedDocumentType() const { return m_unfollowedDocumentType; }
 
-    /// Where the structure is broken: an end tag that closes nothing, a tag that is none, text outside of the
-    /// root, the end of the source when something has no end. -1 when it is whole.
+    /// The offset where the structure is broken: an unmatched end tag, an invalid tag, text outside of the
+    /// root, the end of the source within a construct. -1 when it is intact.
     int brokenAt() const { return m_brokenAt; }
     /// The innermost element that is open there; -1 for none.
     int openWhereBroken() const { return m_openWhereBroken; }
-    /// What the source ends within.
+    /// The construct that the source ends in.
     const XmlUnfinished &unfinished() const { return m_unfinished; }
 
 private:
@@ -131,7 +130,7 @@ private:
     void collectUnknownEntities(int at, int size, std::vector<int> &places) const;
 
     QString m_source;
-    // Hardly a template has either, so that its texts need not be searched for them one by one.
+    // Real templates rarely have either, so texts need not be searched for them.
     bool m_hasReferences;
     bool m_hasReturns;
     XmlDialect m_dialect;
@@ -147,7 +146,7 @@ private:
     XmlUnfinished m_unfinished;
 };
 
-/// One element of a tree. Null when a look-up found nothing: it has no attributes, no text and nothing below.
+/// One element of a tree. Null when a look-up found nothing: no attributes, no text, no descendants.
 class XmlElement
 {
 public:
@@ -158,7 +157,7 @@ public:
     int index() const { return m_index; }
     const XmlTree &tree() const { return *m_tree; }
 
-    /// The place of its "<"; -1 for the null element.
+    /// The offset of its "<"; -1 for the null element.
     int at() const { return isNull() ? -1 : node().at; }
     QString name() const { return isNull() ? QString() : m_tree->m_names[nameIndex()]; }
     int nameNumber() const { return node().name; }
@@ -167,16 +166,16 @@ public:
     XmlElement parent() const;
     std::vector<XmlElement> children() const;
 
-    /// The attribute of a name, the last of them where it is given more than once; null when it has none.
+    /// The last attribute of a name; null when it has none.
     const XmlAttribute *attribute(QLatin1String name) const;
     std::vector<const XmlAttribute *> attributes() const;
 
-    /// All text below the element, as its parser's tree would give it; null for the null element.
+    /// All text below the element, as its parser's document gives it; null for the null element.
     QString text() const;
-    /// The place of the first character of text that is not blank; that of the element when there is none.
+    /// The offset of the first character of text that is not whitespace; that of the element when there is
+    /// none.
     int textAt() const;
-    /// The place of the first character of text that is not blank and stands in no element below this one; -1
-    /// when there is none.
+    /// The same for text that is the element's own, outside of its descendants; -1 when there is none.
     int ownTextAt() const;
 
     /// The first element of a name below this one, at any depth; null when there is none.

@@ -1,21 +1,21 @@
 #include "CheckDocuments.h"
 #include "rawdata/TemplateLimits_p.h"
-#include "xml/XmlLimits_p.h"
 #include "support/TemporaryTemplate.h"
 #include "tools/check/CheckedFile.h"
 #include "tools/json/FileJson.h"
 #include "tools/loading/TemplateLoading.h"
+#include "xml/XmlLimits_p.h"
 
 #include <QJsonObject>
 #include <QTest>
 
 using namespace Tobrix::Templates;
 
-// A few thousand elements in containers in each other count for every one of these.
+// A few thousand elements in nested containers count for each of them.
 
 namespace {
 
-/// The finding in a file of the current format of which an element goes past a limit that begins a line.
+/// The finding in a current-format file whose first element over a limit starts a line.
 QString excessOfCurrentAt(int line, int limit, const QString &words)
 {
     return QStringLiteral("%1:1: error: more than %2 %3: the host gets an empty template [limit-exceeded]\n")
@@ -41,18 +41,18 @@ class CountLimitsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void containersInEachOtherGoPastALimit_data();
-    void containersInEachOtherGoPastALimit();
-    void containersBehindEachOtherGoPastALimit_data();
-    void containersBehindEachOtherGoPastALimit();
+    void nestedContainersExceedALimit_data();
+    void nestedContainersExceedALimit();
+    void siblingContainersExceedALimit_data();
+    void siblingContainersExceedALimit();
     void classesOfOtherSchemesAreNotCounted();
-    void legacySectionsGoPastALimit_data();
-    void legacySectionsGoPastALimit();
+    void legacySectionsExceedALimit_data();
+    void legacySectionsExceedALimit();
     void whatTheLegacyReaderDropsIsNotCounted_data();
     void whatTheLegacyReaderDropsIsNotCounted();
 };
 
-void CountLimitsTest::containersInEachOtherGoPastALimit_data()
+void CountLimitsTest::nestedContainersExceedALimit_data()
 {
     QTest::addColumn<QByteArray>("begin");
     QTest::addColumn<QByteArray>("container");
@@ -69,7 +69,7 @@ void CountLimitsTest::containersInEachOtherGoPastALimit_data()
                                     << "legend classes";
 }
 
-void CountLimitsTest::containersInEachOtherGoPastALimit()
+void CountLimitsTest::nestedContainersExceedALimit()
 {
     QFETCH(QByteArray, begin);
     QFETCH(QByteArray, container);
@@ -84,12 +84,12 @@ void CountLimitsTest::containersInEachOtherGoPastALimit()
                                 (begin.isEmpty() ? QByteArray() : "</" + begin.mid(1));
     const TemporaryTemplate file(QStringLiteral("templates_new"), currentDocument(document));
 
-    // The last but one is the one that goes past the limit.
+    // The last but one is the first over the limit.
     QCOMPARE(findingsIn(file.path()), excessOfCurrentAt(limit / nesting + 2, limit, words));
     QCOMPARE(loadedId(file.path()), QString());
 }
 
-void CountLimitsTest::containersBehindEachOtherGoPastALimit_data()
+void CountLimitsTest::siblingContainersExceedALimit_data()
 {
     QTest::addColumn<QByteArray>("full");
     QTest::addColumn<QByteArray>("more");
@@ -108,7 +108,7 @@ void CountLimitsTest::containersBehindEachOtherGoPastALimit_data()
                                     << scope(shown, 2) << Limits::legendClasses << "legend classes";
 }
 
-void CountLimitsTest::containersBehindEachOtherGoPastALimit()
+void CountLimitsTest::siblingContainersExceedALimit()
 {
     QFETCH(QByteArray, full);
     QFETCH(QByteArray, more);
@@ -140,7 +140,7 @@ void CountLimitsTest::classesOfOtherSchemesAreNotCounted()
     QCOMPARE(loadedId(file.path()), QStringLiteral("T1"));
 }
 
-void CountLimitsTest::legacySectionsGoPastALimit_data()
+void CountLimitsTest::legacySectionsExceedALimit_data()
 {
     QTest::addColumn<QByteArray>("begin");
     QTest::addColumn<QByteArray>("counted"); // "%" stands for its number
@@ -159,7 +159,7 @@ void CountLimitsTest::legacySectionsGoPastALimit_data()
                                     << QByteArray("<class/>") << Limits::legendClasses << "legend classes";
 }
 
-void CountLimitsTest::legacySectionsGoPastALimit()
+void CountLimitsTest::legacySectionsExceedALimit()
 {
     QFETCH(QByteArray, begin);
     QFETCH(QByteArray, counted);

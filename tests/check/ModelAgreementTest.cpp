@@ -146,34 +146,35 @@ QStringList listLines(const QJsonObject &loaded)
     return sorted(lines);
 }
 
-QStringList bandLines(const TemplateModel &model)
+QStringList legendLines(const TemplateModel &model)
 {
     QStringList lines;
     for (int legend = 0; legend < 2; ++legend) {
-        for (const auto &band : model.legends[legend]) {
+        for (const auto &legendClass : model.legends[legend]) {
             lines.append(QStringLiteral("%1: %2 %3 %4")
                              .arg(legend)
-                             .arg(numberText(band.lower), numberText(band.upper), band.color.text));
+                             .arg(numberText(legendClass.lower), numberText(legendClass.upper),
+                                  legendClass.color.text));
         }
     }
     return sorted(lines);
 }
 
-QStringList bandLines(const QJsonObject &loaded)
+QStringList legendLines(const QJsonObject &loaded)
 {
     QStringList lines;
     for (int legend = 0; legend < 2; ++legend) {
         const QLatin1String name(legend == 0 ? "legendA" : "legendB");
         for (const auto &value : loaded.value(name).toArray()) {
-            const QJsonObject band = value.toObject();
-            const auto bound = [&band](const char *field) {
-                const QJsonValue number = band.value(QLatin1String(field));
+            const QJsonObject legendClass = value.toObject();
+            const auto bound = [&legendClass](const char *field) {
+                const QJsonValue number = legendClass.value(QLatin1String(field));
                 return numberText(number.isDouble() ? number.toDouble() : number.toString().toDouble());
             };
             lines.append(QStringLiteral("%1: %2 %3 %4")
                              .arg(legend)
                              .arg(bound("numberFrom"), bound("numberTo"),
-                                  band.value(QLatin1String("color")).toString()));
+                                  legendClass.value(QLatin1String("color")).toString()));
         }
     }
     return sorted(lines);
@@ -183,7 +184,7 @@ void compare(const TemplateModel &model, const QJsonObject &loaded)
 {
     QCOMPARE(columnLines(model), columnLines(loaded));
     QCOMPARE(listLines(model), listLines(loaded));
-    QCOMPARE(bandLines(model), bandLines(loaded));
+    QCOMPARE(legendLines(model), legendLines(loaded));
     const QJsonObject header = loaded.value(QLatin1String("template")).toObject();
     QCOMPARE(model.header.uniqueId.text, header.value(QLatin1String("uniqueId")).toString());
     QCOMPARE(model.header.key.text, header.value(QLatin1String("key")).toString());

@@ -1,4 +1,4 @@
-// What columns are bound to, with and without a reference.
+// The database columns that columns are bound to, with and without a reference.
 
 #include "CurrentFormat.h"
 
@@ -100,7 +100,7 @@ void CurrentBindingTest::referenceIsShownUnlessItShowsAKey_data()
         << boundTo("X", refersTo("A_KEY")) << QStringLiteral("X.A_KEY") << material;
     QTest::newRow("key without line")
         << boundTo("X", refersTo("AKey")) << QStringLiteral("X.AKey") << material;
-    QTest::newRow("key with blank behind")
+    QTest::newRow("key with trailing blank")
         << boundTo("X", refersTo("A_Key ")) << QStringLiteral("X.A_Key ") << material;
     QTest::newRow("key") << boundTo("X", refersTo("A_Key")) << QStringLiteral("X") << section;
     QTest::newRow("nothing but key") << boundTo("X", refersTo("_Key")) << QStringLiteral("X") << section;

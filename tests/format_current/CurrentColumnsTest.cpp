@@ -1,4 +1,4 @@
-// What a column's attributes and elements give, one after the other.
+// The attributes and elements of a column, one after the other.
 
 #include "CurrentFormat.h"
 
@@ -10,7 +10,7 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-/// What a column of a data type says of which the file says nothing else.
+/// The default properties of a column of a data type.
 QVariantMap valuesOfBareColumn(CTemplateColumn::ColumnType type)
 {
     QVariantMap values = initialValues(columnProperties(type));
@@ -170,7 +170,7 @@ void CurrentColumnsTest::everyAttributeAndElementFillsItsProperty()
         const ReadElements read(viewOf(columnOf(elements, dataTypeOf(kind.type, attributes))));
         QVERIFY2(read.onlyColumn(), kind.name);
         COMPARE_VALUES(valuesOf(*read.onlyColumn()), expected);
-        // However deep the elements stand in the column.
+        // At any depth in the column.
         const ReadElements deeper(
             viewOf(columnOf("<A><B>" + elements + "</B></A>", dataTypeOf(kind.type, attributes))));
         COMPARE_VALUES(valuesOf(*deeper.onlyColumn()), expected);
@@ -390,7 +390,7 @@ void CurrentColumnsTest::firstElementOfANameInAColumnCounts()
     QCOMPARE(valueOf(first + second), QStringLiteral("11"));
     QCOMPARE(valueOf("<A><B>" + first + "</B></A>" + second), QStringLiteral("11"));
     QCOMPARE(valueOf(second + "<A>" + first + "</A>"), QStringLiteral("22"));
-    // In elements of the column too, whatever they are for.
+    // Also in child elements of the column, whatever they are for.
     QCOMPARE(valueOf("<MandatoryRestriction>" + first + "</MandatoryRestriction>" + second),
              QStringLiteral("11"));
 }
@@ -505,7 +505,7 @@ void CurrentColumnsTest::columnInAColumnLendsItsElements()
     QCOMPARE(outer->caption(), QStringLiteral("inner"));
     QVERIFY(outer->isMandatory());
     QVERIFY(outer->isReadOnly());
-    // Attributes are each column's own.
+    // Attributes belong to one column only.
     QCOMPARE(outer->width(), 0);
     QCOMPARE(outer->unit(), QString());
     const auto *ofInner = read.onlyView()->column(1);

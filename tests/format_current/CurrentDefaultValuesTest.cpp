@@ -1,4 +1,4 @@
-// Default values: which column of which view gets which, and as what.
+// Default values: which column of which view gets which, and of which type.
 
 #include "CurrentFormat.h"
 
@@ -113,7 +113,7 @@ void CurrentDefaultValuesTest::defaultIsForItsPropertyInTheViewOfItsName()
     QCOMPARE(value.toString(), applies ? QStringLiteral("x") : QString());
     QCOMPARE(value.isNull(), !applies);
 
-    // What belongs to no property or no view belongs to the column or view that has none.
+    // A default without property or view applies to columns or views without one.
     if (defaultItem == item(R"(Value="x")", bound("P"))) {
         QCOMPARE(defaultIn(defaults(defaultItem) + viewOf(boundColumnElement("P"), R"(Id="V")")).toString(),
                  QStringLiteral("x"));
@@ -183,13 +183,13 @@ void CurrentDefaultValuesTest::propertyPathFollowsTheReferenceUnlessItShowsAKey(
     QCOMPARE(defaultIn(defaults(items) + viewOf(boundColumnElement(path))).toString(), QStringLiteral("x"));
     const QByteArray other = path == "Pipe" ? "Pipe.Material_Key" : "Pipe";
     QCOMPARE(defaultIn(defaults(items) + viewOf(boundColumnElement(other))).toString(), QString());
-    // A reference outside of the bound property is none.
+    // A reference outside of the bound property is ignored.
     const QByteArray beside = item(R"(Value="x" View="View")", bound("Pipe") + reference);
     QCOMPARE(defaultIn(defaults(beside) + viewOf(boundColumnElement("Pipe"))).toString(),
              QStringLiteral("x"));
 }
 
-// The path of a default never ends in a key, the binding of a column may.
+// The path of a default never ends in a key; the binding of a column may.
 void CurrentDefaultValuesTest::defaultOfAKeyMissesTheColumnThatShowsIt()
 {
     const QByteArray binding = bound("M_FK", refersTo("M_Key"));
@@ -213,8 +213,8 @@ void CurrentDefaultValuesTest::laterDefaultOfAPropertyAndViewWins_data()
                                           scope(defaultOf("P", "x")) + "</DefaultValues>";
     QTest::newRow("with and without key")
         << defaults(defaultOf("P", "1") + item(R"(Value="x" View="View")", bound("P", refersTo("A_Key"))));
-    QTest::newRow("others behind") << defaults(defaultOf("P", "x") + defaultOf("Q", "2") +
-                                               item(R"(Value="3" View="Other")", bound("P")));
+    QTest::newRow("others after it") << defaults(defaultOf("P", "x") + defaultOf("Q", "2") +
+                                                 item(R"(Value="3" View="Other")", bound("P")));
 }
 
 void CurrentDefaultValuesTest::laterDefaultOfAPropertyAndViewWins()
@@ -225,7 +225,7 @@ void CurrentDefaultValuesTest::laterDefaultOfAPropertyAndViewWins()
 
 void CurrentDefaultValuesTest::scopeWithinAScopeIsReadOnceMore()
 {
-    // First with the outer scope, where the last item wins, and then by itself.
+    // First for the outer scope, where the last item wins, and then for its own.
     const QByteArray container = defaults(scope(defaultOf("P", "inner")) + defaultOf("P", "outer"));
     QCOMPARE(defaultIn(container + viewOf(boundColumnElement("P"))), QVariant(QStringLiteral("inner")));
 }
@@ -272,9 +272,9 @@ void CurrentDefaultValuesTest::defaultsMayStandAnywhere_data()
     const QByteArray column = boundColumnElement("P");
     const QByteArray scoped = viewOf(column);
     QTest::newRow("before the view") << container + scoped;
-    QTest::newRow("behind the view") << scoped + container;
+    QTest::newRow("after the view") << scoped + container;
     QTest::newRow("in the view, before the column") << viewOf(container + column);
-    QTest::newRow("in the view, behind the column") << viewOf(column + container);
+    QTest::newRow("in the view, after the column") << viewOf(column + container);
     QTest::newRow("in the column") << viewOf(columnOf(bound("P") + container));
     QTest::newRow("around the view") << "<DefaultValues>" + scope(defaultOf("P", "x") + scoped) +
                                             "</DefaultValues>";

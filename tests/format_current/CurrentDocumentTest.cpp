@@ -22,7 +22,7 @@ static_assert(std::has_virtual_destructor_v<NewTemplateXMLReader>);
 
 namespace {
 
-/// A document with something of everything.
+/// A document with every kind of content.
 QByteArray fullDocument(const QByteArray &name = "Sewer")
 {
     return currentDocument("<TemplateIdentifier Id=\"{id}\"><Name>" + name +
@@ -171,7 +171,8 @@ void CurrentDocumentTest::fileWithoutTemplateGivesAnEmptyRecord()
 
 void CurrentDocumentTest::missingQuoteKeepsWhatStandsBeforeIt()
 {
-    // Behind a missing quote the rest of a file looks like attributes of one element, more than any has.
+    // After a missing quote, the rest of a file looks like attributes of one element, more than any real one
+    // has.
     QByteArray view = "<View Id=\"V\" Name=\"Before\"/><View Id=\"W Name=\"Fault\"/>";
     for (int i = 0; i < 1000; ++i) {
         view += "<View Id=\"X" + QByteArray::number(i) + "\" Name=\"Behind\"/>";
@@ -262,14 +263,14 @@ void CurrentDocumentTest::fileCutOffKeepsTheElementsThatHaveBegun_data()
     const QStringList two{QStringLiteral("A"), QStringLiteral("B")};
     const QByteArray secondColumn =
         "<Column DataType=\"Text\" Ordinal=\"2\"><BoundProperty PropertyName=\"B\"";
-    QTest::newRow("behind a column") << QByteArray() << one;
+    QTest::newRow("after a column") << QByteArray() << one;
     QTest::newRow("within a tag's name") << QByteArray("<Colu") << one;
     QTest::newRow("within an attribute") << QByteArray("<Column DataType=\"Te") << one;
     QTest::newRow("before the end of a start tag") << QByteArray("<Column DataType=\"Text\"") << one;
     QTest::newRow("within a child's start tag")
         << secondColumn << QStringList{QString(), QStringLiteral("A")};
-    QTest::newRow("behind a child's start tag") << secondColumn + ">" << two;
-    QTest::newRow("behind a child") << secondColumn + "/>" << two;
+    QTest::newRow("after a child's start tag") << secondColumn + ">" << two;
+    QTest::newRow("after a child") << secondColumn + "/>" << two;
     QTest::newRow("within a comment") << QByteArray("<!-- ") << one;
     QTest::newRow("within CDATA") << QByteArray("<![CDATA[ ]") << one;
     QTest::newRow("within an entity") << QByteArray("&am") << one;
@@ -397,7 +398,7 @@ void CurrentDocumentTest::recordIsNotClearedBefore()
     QVERIFY(
         readDocument("<T><View Id=\"W\"/><ValueList Name=\"L\"><ValueListItem/></ValueList></T>", rawData));
 
-    // What the format knows is replaced, by nothing where the file has nothing. A class name is not replaced
+    // The previous values are replaced, by empty ones where the file has none. A class name is not replaced
     // by a file without presets.
     QVariantMap expected = emptyHeader();
     expected.insert(QStringLiteral("defaultSecClassName"), QStringLiteral("Class"));
@@ -528,7 +529,7 @@ void CurrentDocumentTest::missingFileAfterAGoodOneIsRefused()
 void CurrentDocumentTest::readerIsDeletedThroughItsInterface()
 {
     const TemporaryTemplate file(QStringLiteral("templates_new"), fullDocument());
-    // What the reader holds, its document above all, would leak otherwise; the sanitizers tell.
+    // Without the deletion, the reader's document would leak, which the sanitizers report.
     std::unique_ptr<AbstractTemplateXmlReader> reader = std::make_unique<NewTemplateXMLReader>();
     CTemplateRawData rawData;
     QVERIFY(reader->readFile(file.path(), rawData));

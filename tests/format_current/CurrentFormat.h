@@ -10,14 +10,14 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// Reads a document with a reader of its own.
+/// Reads a document with a separate reader.
 inline bool readDocument(const QByteArray &document, Tobrix::Templates::CTemplateRawData &rawData)
 {
     const TemporaryTemplate file(QStringLiteral("templates_new"), document);
     return Tobrix::Templates::NewTemplateXMLReader().readFile(file.path(), rawData);
 }
 
-/// What the reader makes of some elements below a document's root.
+/// The result of reading some elements below a document's root.
 class ReadElements
 {
 public:
@@ -30,7 +30,7 @@ public:
 
     const Tobrix::Templates::CTemplateRawData &rawData() const { return m_rawData; }
 
-    /// The view of an id; null when there is none.
+    /// The view with an id; null when there is none.
     const Tobrix::Templates::CProgramView *view(const QString &id) const
     {
         return m_rawData.programViews.value(id, nullptr);
@@ -74,7 +74,7 @@ inline QByteArray boundColumnElement(const QByteArray &property, int ordinal = 0
                     "DataType=\"Text\" Ordinal=\"" + QByteArray::number(ordinal) + "\"");
 }
 
-/// What a view's columns are bound to, in order; "(null)" for an entry without column.
+/// The bindings of a view's columns, in order; "(null)" for a null column.
 inline QStringList boundColumnsOf(const Tobrix::Templates::CProgramView &view)
 {
     QStringList names;

@@ -1,4 +1,4 @@
-// The table of the format: complete, and the only place that names its elements and attributes.
+// The table of the format: complete, and the only place with the names of its elements and attributes.
 
 #include "format_current/CurrentFormat_p.h"
 
@@ -24,7 +24,7 @@ QSet<QString> namesOfTheFormat()
     return names;
 }
 
-/// Files that may spell names: the table, examples in explanations of rules, and headings that people read.
+/// Files that may contain names: the table, examples in explanations of rules, and headings for users.
 bool maySpellNames(const QString &file)
 {
     for (const char *name : {"src/format_current/CurrentFormat_p.h", "tools/check/rules/RuleTable.cpp",

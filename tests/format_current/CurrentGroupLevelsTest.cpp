@@ -1,4 +1,4 @@
-// Group levels: a digit in an attribute's name, a bit in a mask.
+// Group levels: a digit in an attribute's name is a bit in a mask.
 
 #include "CurrentFormat.h"
 
@@ -126,7 +126,7 @@ void CurrentGroupLevelsTest::levelIsTheSixthCharacterOfTheName()
     QFETCH(QByteArray, name);
     QFETCH(int, levels);
     QCOMPARE(levelsOf(groupLevel(name + "=\"true\"")), levels);
-    // An attribute without level does not disturb the others.
+    // An attribute without level does not affect the others.
     QCOMPARE(levelsOf(groupLevel(name + "=\"true\" Stage9=\"true\"")), levels | 256);
     QCOMPARE(levelsOf(groupLevel(name + "=\"false\" Stage9=\"true\"")), 256);
 }
@@ -163,8 +163,8 @@ void CurrentGroupLevelsTest::levelOfSeveralAttributesCountsWhenAnyIsTrue()
     QFETCH(QByteArray, attributes);
     QFETCH(int, levels);
     QCOMPARE(levelsOf(groupLevel(attributes)), levels);
-    // In whichever order attributes come: a document keeps them in the order of their hashes, of which every
-    // further attribute makes another one.
+    // Independent of the order of attributes: QDomDocument orders them by hash, and each further attribute
+    // changes that order.
     QByteArray more = attributes;
     for (int i = 0; i < 40; ++i) {
         more += " Note_" + QByteArray::number(i) + "=\"true\"";

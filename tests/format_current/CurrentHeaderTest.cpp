@@ -145,7 +145,7 @@ void CurrentHeaderTest::firstOfItsNameInTheDocumentCounts()
         expected.insert(name, QStringLiteral("first"));
     }
     COMPARE_VALUES(headerOf(ReadElements(first + second).rawData()), expected);
-    // Depth makes no difference.
+    // The depth makes no difference.
     COMPARE_VALUES(headerOf(ReadElements("<A><B><C>" + first + "</C></B></A>" + second).rawData()), expected);
     COMPARE_VALUES(headerOf(ReadElements(viewOf(columnOf(first)) + second).rawData()), expected);
     COMPARE_VALUES(headerOf(ReadElements("<ValueList>" + first + "</ValueList>" + second).rawData()),
@@ -161,7 +161,7 @@ void CurrentHeaderTest::nameOfAViewBeforeTheTemplatesIsTaken()
 
 void CurrentHeaderTest::attributesOfOtherElementsAreNotTaken()
 {
-    // The first element is taken as it is: another one of the name does not fill its gaps.
+    // The first element is used alone: a later one does not add missing parts.
     const ReadElements read("<TemplateIdentifier Description=\"D\"/>"
                             "<TemplateIdentifier Id=\"{id}\" SystemOfUnits=\"Metric\"/>");
     QCOMPARE(read.rawData().uniqueId, QString());
@@ -249,7 +249,7 @@ void CurrentHeaderTest::presetGivesClassNameAndFields_data()
         preset(named) + preset(R"(Scope="Section" ClassificationColorName="Z")") +
             preset(coloured, properties({"P"})),
         "Z", "P");
-    row("name behind the end of the scan does not count",
+    row("name after the end of the scan does not count",
         preset(named) + preset(coloured, properties({"P"})) +
             preset(R"(Scope="Section" ClassificationColorName="Z")"),
         "N", "P");
@@ -302,7 +302,7 @@ void CurrentHeaderTest::presetGivesClassNameAndFields()
     const ReadElements read(::presets(presets));
     QCOMPARE(read.rawData().defaultSecClassName, className);
     QCOMPARE(read.rawData().defaultSecColorField, fields);
-    // Outside of the container presets mean nothing.
+    // Outside of the container presets have no meaning.
     const ReadElements outside(presets + ::presets(""));
     QCOMPARE(outside.rawData().defaultSecClassName, QString());
     QCOMPARE(outside.rawData().defaultSecColorField, QString());

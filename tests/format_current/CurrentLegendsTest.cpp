@@ -27,23 +27,23 @@ QByteArray color(int from, const QByteArray &content = QByteArray())
 const QByteArray sectionScope = R"(Name="ClassColorDefault" Scope="Section")";
 const QByteArray lateralScope = R"(Name="ClassColorDefault" Scope="Lateral")";
 
-/// The lower bounds of a legend's bands, in order.
-QString bandsOf(const QList<CTemplateLegendDataItem> &legend)
+/// The lower bounds of a legend's classes, in order.
+QString lowerBoundsOf(const QList<CTemplateLegendDataItem> &legend)
 {
-    QStringList bands;
-    for (const auto &band : legend) {
-        bands.append(QString::number(band.numberFrom));
+    QStringList legendClasses;
+    for (const auto &legendClass : legend) {
+        legendClasses.append(QString::number(legendClass.numberFrom));
     }
-    return bands.join(QLatin1Char(' '));
+    return legendClasses.join(QLatin1Char(' '));
 }
 
-/// The only band of a section legend with some content, of the attributes given.
-CTemplateLegendDataItem bandOf(const QByteArray &attributes, const QByteArray &content = QByteArray())
+/// The only legend class of a legend of sections, with some attributes and content.
+CTemplateLegendDataItem legendClassOf(const QByteArray &attributes, const QByteArray &content = QByteArray())
 {
     const ReadElements read(scopes(scope(sectionScope, "<ClassificationColor " + attributes + ">" + content +
                                                            "</ClassificationColor>")));
     if (read.rawData().legendA.size() != 1) {
-        qFatal("Not one band");
+        qFatal("Not one legend class");
     }
     return read.rawData().legendA.first();
 }
@@ -62,18 +62,18 @@ private Q_SLOTS:
     void everyAttributeAndElementFillsItsField_data();
     void everyAttributeAndElementFillsItsField();
     void missingBoundsAreZero();
-    void bandsComeInDocumentOrder();
-    void bandsAreFoundAtAnyDepth();
-    void bandInABandIsABand();
+    void legendClassesComeInDocumentOrder();
+    void legendClassesAreFoundAtAnyDepth();
+    void nestedLegendClassCounts();
     void scopeInAScopeIsReadOnceMore_data();
     void scopeInAScopeIsReadOnceMore();
     void onlyTheFirstContainerIsRead_data();
     void onlyTheFirstContainerIsRead();
     void captionsAreTheFirstTextItems_data();
     void captionsAreTheFirstTextItems();
-    void colorIsTheFirstBelowTheBand_data();
-    void colorIsTheFirstBelowTheBand();
-    void bandsAreAppendedToThoseOfTheRecord();
+    void colorIsTheFirstBelowTheLegendClass_data();
+    void colorIsTheFirstBelowTheLegendClass();
+    void legendClassesAreAppendedToThoseOfTheRecord();
 };
 
 void CurrentLegendsTest::scopeDecidesOnTheLegend_data()
@@ -81,9 +81,9 @@ void CurrentLegendsTest::scopeDecidesOnTheLegend_data()
     QTest::addColumn<QByteArray>("scopeName");
     QTest::addColumn<QString>("legendA");
     QTest::addColumn<QString>("legendB");
-    const QString bands = QStringLiteral("1 2");
-    QTest::newRow("Section") << QByteArray(R"(Scope="Section")") << bands << QString();
-    QTest::newRow("Lateral") << QByteArray(R"(Scope="Lateral")") << QString() << bands;
+    const QString legendClasses = QStringLiteral("1 2");
+    QTest::newRow("Section") << QByteArray(R"(Scope="Section")") << legendClasses << QString();
+    QTest::newRow("Lateral") << QByteArray(R"(Scope="Lateral")") << QString() << legendClasses;
     for (const char *other :
          {"Chapter", "section", "lateral", "SECTION", "Section ", " Lateral", "Node", ""}) {
         QTest::addRow("dropped \"%s\"", other)
@@ -98,8 +98,8 @@ void CurrentLegendsTest::scopeDecidesOnTheLegend()
     QFETCH(QString, legendA);
     QFETCH(QString, legendB);
     const ReadElements read(scopes(scope("Name=\"ClassColorDefault\" " + scopeName, color(1) + color(2))));
-    QCOMPARE(bandsOf(read.rawData().legendA), legendA);
-    QCOMPARE(bandsOf(read.rawData().legendB), legendB);
+    QCOMPARE(lowerBoundsOf(read.rawData().legendA), legendA);
+    QCOMPARE(lowerBoundsOf(read.rawData().legendB), legendB);
 }
 
 void CurrentLegendsTest::onlyTheDefaultSchemeIsRead_data()
@@ -120,8 +120,8 @@ void CurrentLegendsTest::onlyTheDefaultSchemeIsRead()
     QFETCH(QString, legend);
     const ReadElements read(
         scopes(scope(name + " Scope=\"Section\"", color(1)) + scope(sectionScope, color(2))));
-    QCOMPARE(bandsOf(read.rawData().legendA), legend);
-    QCOMPARE(bandsOf(read.rawData().legendB), QString());
+    QCOMPARE(lowerBoundsOf(read.rawData().legendA), legend);
+    QCOMPARE(lowerBoundsOf(read.rawData().legendB), QString());
 }
 
 void CurrentLegendsTest::everyAttributeAndElementFillsItsField_data()
@@ -152,31 +152,34 @@ void CurrentLegendsTest::everyAttributeAndElementFillsItsField()
     QFETCH(QByteArray, attributes);
     QFETCH(QByteArray, content);
     QFETCH(QString, expected);
-    const auto band = bandOf(attributes, content);
-    const QStringList fields{
-        band.id,   QString::number(band.numberFrom), QString::number(band.numberTo), band.color, band.textA,
-        band.textB};
+    const auto legendClass = legendClassOf(attributes, content);
+    const QStringList fields{legendClass.id,
+                             QString::number(legendClass.numberFrom),
+                             QString::number(legendClass.numberTo),
+                             legendClass.color,
+                             legendClass.textA,
+                             legendClass.textB};
     QCOMPARE(fields.join(QLatin1Char('|')), expected);
 }
 
 void CurrentLegendsTest::missingBoundsAreZero()
 {
     for (const char *attributes : {"", R"(From="" To="")", R"(From="x" To="1,5")"}) {
-        const auto band = bandOf(attributes);
-        QCOMPARE(band.numberFrom, 0.0);
-        QCOMPARE(band.numberTo, 0.0);
+        const auto legendClass = legendClassOf(attributes);
+        QCOMPARE(legendClass.numberFrom, 0.0);
+        QCOMPARE(legendClass.numberTo, 0.0);
     }
 }
 
-void CurrentLegendsTest::bandsComeInDocumentOrder()
+void CurrentLegendsTest::legendClassesComeInDocumentOrder()
 {
     const ReadElements read(scopes(scope(sectionScope, color(5) + color(1) + color(3)) +
                                    scope(lateralScope, color(9) + color(8)) + scope(sectionScope, color(2))));
-    QCOMPARE(bandsOf(read.rawData().legendA), QStringLiteral("5 1 3 2"));
-    QCOMPARE(bandsOf(read.rawData().legendB), QStringLiteral("9 8"));
+    QCOMPARE(lowerBoundsOf(read.rawData().legendA), QStringLiteral("5 1 3 2"));
+    QCOMPARE(lowerBoundsOf(read.rawData().legendB), QStringLiteral("9 8"));
 }
 
-void CurrentLegendsTest::bandsAreFoundAtAnyDepth()
+void CurrentLegendsTest::legendClassesAreFoundAtAnyDepth()
 {
     const ReadElements read(
         viewOf("<A>" +
@@ -185,18 +188,18 @@ void CurrentLegendsTest::bandsAreFoundAtAnyDepth()
                                               viewOf(columnOf(color(3)), "Id=\"2\"")) +
                       "</B>") +
                "</A>"));
-    QCOMPARE(bandsOf(read.rawData().legendA), QStringLiteral("1 2 3"));
+    QCOMPARE(lowerBoundsOf(read.rawData().legendA), QStringLiteral("1 2 3"));
     QVERIFY(ReadElements(scopes(color(1)) + color(2)).rawData().legendA.isEmpty());
 }
 
-void CurrentLegendsTest::bandInABandIsABand()
+void CurrentLegendsTest::nestedLegendClassCounts()
 {
     const QByteArray inner = color(2, "<Color Html=\"inner\"/><TextA><TextItem>inner</TextItem></TextA>");
     const ReadElements read(
         scopes(scope(sectionScope, color(1, inner + "<Color Html=\"outer\"/><TextA><TextItem>outer"
                                                     "</TextItem></TextA>"))));
     const auto &legend = read.rawData().legendA;
-    QCOMPARE(bandsOf(legend), QStringLiteral("1 2"));
+    QCOMPARE(lowerBoundsOf(legend), QStringLiteral("1 2"));
     QCOMPARE(legend.at(0).color, QStringLiteral("inner"));
     QCOMPARE(legend.at(0).textA, QStringLiteral("inner"));
     QCOMPARE(legend.at(1).color, QStringLiteral("inner"));
@@ -226,8 +229,8 @@ void CurrentLegendsTest::scopeInAScopeIsReadOnceMore()
     QFETCH(QString, legendA);
     QFETCH(QString, legendB);
     const ReadElements read(scopes(scope(outer, color(1) + scope(inner, color(2)) + color(3))));
-    QCOMPARE(bandsOf(read.rawData().legendA), legendA);
-    QCOMPARE(bandsOf(read.rawData().legendB), legendB);
+    QCOMPARE(lowerBoundsOf(read.rawData().legendA), legendA);
+    QCOMPARE(lowerBoundsOf(read.rawData().legendB), legendB);
 }
 
 void CurrentLegendsTest::onlyTheFirstContainerIsRead_data()
@@ -252,7 +255,7 @@ void CurrentLegendsTest::onlyTheFirstContainerIsRead()
 {
     QFETCH(QByteArray, elements);
     QFETCH(QString, legend);
-    QCOMPARE(bandsOf(ReadElements(elements).rawData().legendA), legend);
+    QCOMPARE(lowerBoundsOf(ReadElements(elements).rawData().legendA), legend);
 }
 
 void CurrentLegendsTest::captionsAreTheFirstTextItems_data()
@@ -284,15 +287,15 @@ void CurrentLegendsTest::captionsAreTheFirstTextItems()
             .replace("</T>", "</" + element + ">")
             .replace("<T/>", "<" + element + "/>");
     };
-    const auto ofA = bandOf("", content("TextA"));
+    const auto ofA = legendClassOf("", content("TextA"));
     QCOMPARE(ofA.textA, text);
     QCOMPARE(ofA.textB, QString());
-    const auto ofB = bandOf("", content("TextB"));
+    const auto ofB = legendClassOf("", content("TextB"));
     QCOMPARE(ofB.textA, QString());
     QCOMPARE(ofB.textB, text);
 }
 
-void CurrentLegendsTest::colorIsTheFirstBelowTheBand_data()
+void CurrentLegendsTest::colorIsTheFirstBelowTheLegendClass_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("color");
@@ -306,20 +309,20 @@ void CurrentLegendsTest::colorIsTheFirstBelowTheBand_data()
     QTest::newRow("none") << QByteArray() << QString();
 }
 
-void CurrentLegendsTest::colorIsTheFirstBelowTheBand()
+void CurrentLegendsTest::colorIsTheFirstBelowTheLegendClass()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, color);
-    QCOMPARE(bandOf("", content).color, color);
-    QCOMPARE(bandOf("Html=\"green\"", content).color, color);
+    QCOMPARE(legendClassOf("", content).color, color);
+    QCOMPARE(legendClassOf("Html=\"green\"", content).color, color);
 }
 
-void CurrentLegendsTest::bandsAreAppendedToThoseOfTheRecord()
+void CurrentLegendsTest::legendClassesAreAppendedToThoseOfTheRecord()
 {
     CTemplateRawData rawData;
     QVERIFY(readDocument(currentDocument(scopes(scope(sectionScope, color(2)))), rawData));
     QVERIFY(readDocument(currentDocument(scopes(scope(sectionScope, color(1)))), rawData));
-    QCOMPARE(bandsOf(rawData.legendA), QStringLiteral("2 1"));
+    QCOMPARE(lowerBoundsOf(rawData.legendA), QStringLiteral("2 1"));
 }
 
 QTEST_GUILESS_MAIN(CurrentLegendsTest)

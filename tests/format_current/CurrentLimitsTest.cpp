@@ -1,4 +1,4 @@
-// Files with more of something than any template has.
+// Files over the limits of templates.
 
 #include "support/CountedDocuments.h"
 
@@ -17,9 +17,9 @@ private Q_SLOTS:
     void asManyAsMayBeAreRead();
     void oneMoreLeavesNothing_data() { addKinds(); }
     void oneMoreLeavesNothing();
-    void elementInContainersInEachOtherCountsForEach_data();
-    void elementInContainersInEachOtherCountsForEach();
-    void bandsOfOtherSchemesDoNotCount();
+    void elementInNestedContainersCountsForEach_data();
+    void elementInNestedContainersCountsForEach();
+    void legendClassesOfOtherSchemesDoNotCount();
 
 private:
     void addKinds();
@@ -56,7 +56,7 @@ void CurrentLimitsTest::oneMoreLeavesNothing()
     QVERIFY(rawData.programViews.isEmpty());
 }
 
-void CurrentLimitsTest::elementInContainersInEachOtherCountsForEach_data()
+void CurrentLimitsTest::elementInNestedContainersCountsForEach_data()
 {
     QTest::addColumn<QByteArray>("container");
     QTest::addColumn<QByteArray>("element");
@@ -66,7 +66,7 @@ void CurrentLimitsTest::elementInContainersInEachOtherCountsForEach_data()
                                 << Limits::listItems;
 }
 
-void CurrentLimitsTest::elementInContainersInEachOtherCountsForEach()
+void CurrentLimitsTest::elementInNestedContainersCountsForEach()
 {
     QFETCH(QByteArray, container);
     QFETCH(QByteArray, element);
@@ -85,11 +85,11 @@ void CurrentLimitsTest::elementInContainersInEachOtherCountsForEach()
     QCOMPARE(keyWith(most / containers + 1), QString());
 }
 
-void CurrentLimitsTest::bandsOfOtherSchemesDoNotCount()
+void CurrentLimitsTest::legendClassesOfOtherSchemesDoNotCount()
 {
-    const QByteArray bands = QByteArray("<ClassificationColor/>").repeated(Limits::legendClasses + 1);
+    const QByteArray legendClasses = QByteArray("<ClassificationColor/>").repeated(Limits::legendClasses + 1);
     const ReadElements read(
-        "<Name>k</Name><ClassificationColorScopes><ClassificationColorScope Name='Other'>" + bands +
+        "<Name>k</Name><ClassificationColorScopes><ClassificationColorScope Name='Other'>" + legendClasses +
         "</ClassificationColorScope></ClassificationColorScopes>");
     QCOMPARE(read.rawData().key, QStringLiteral("k"));
 }

@@ -1,4 +1,4 @@
-// The names with a meaning of their own, row by row.
+// The names with a meaning, row by row.
 
 #include "CurrentFormat.h"
 
@@ -146,7 +146,7 @@ void CurrentNameTablesTest::unknownDataTypeLeavesANullEntry_data()
 void CurrentNameTablesTest::unknownDataTypeLeavesANullEntry()
 {
     QFETCH(QByteArray, name);
-    // Twice: the first one makes the reader's table know the name.
+    // Twice: the first one adds the name to the document's names.
     const QByteArray column = columnOf("", "DataType=\"" + name + "\"");
     const ReadElements read(viewOf(column + column));
     QVERIFY(read.onlyView());
@@ -178,7 +178,7 @@ void CurrentNameTablesTest::columnOfAnExcludedKeyIsSkipped_data()
     row("OBJ_Instrumented", "NODE");
     row("OBJ_Maintenance", "NODE");
     row("OBJ_RequiresReview", "NODE");
-    // Only the whole key counts, not where property and table meet in it.
+    // Only the whole key is compared, not the position of its separator.
     row("OBJ", "Instrumented_NODE");
 }
 
@@ -198,10 +198,10 @@ void CurrentNameTablesTest::columnOfAnExcludedKeyIsSkipped()
     QFETCH(QByteArray, property);
     QFETCH(QByteArray, object);
     const ReadElements read(viewOf(boundColumnElement("before", 1) + columnOfObject(property, object) +
-                                   boundColumnElement("behind", 2)));
+                                   boundColumnElement("after", 2)));
     QVERIFY(read.onlyView());
     QCOMPARE(boundColumnsOf(*read.onlyView()),
-             (QStringList{QStringLiteral("before"), QStringLiteral("behind")}));
+             (QStringList{QStringLiteral("before"), QStringLiteral("after")}));
 }
 
 void CurrentNameTablesTest::columnOfAKeyLikeAnExcludedOneStays_data()
@@ -254,7 +254,7 @@ void CurrentNameTablesTest::excludedKeyIsFormedOfTheFinalBinding()
     const ReadElements composed(column("OBJ_Instrumented", "Name"));
     QVERIFY(composed.onlyColumn());
     QCOMPARE(composed.onlyColumn()->boundColumn(), QStringLiteral("OBJ_Instrumented.Name"));
-    // A key that is not shown leaves the excluded binding.
+    // A key that is not shown keeps the excluded binding.
     const ReadElements asRead(column("OBJ_Instrumented", "Name_Key"));
     QVERIFY(asRead.onlyView());
     QCOMPARE(asRead.onlyView()->columnCount(), 0);

@@ -1,4 +1,4 @@
-// Elements are found by their names at any depth, whatever they stand in.
+// Elements are found by name at any depth, inside of any other elements.
 
 #include "CurrentFormat.h"
 #include "RandomDocument.h"
@@ -15,7 +15,7 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-/// Every element and attribute of the format once, each of which makes a difference.
+/// Every element and attribute of the format once, each with an effect.
 QByteArray documentOfEverything()
 {
     return "<Template>"
@@ -56,7 +56,7 @@ QDomDocument parsed(const QByteArray &text)
     return document;
 }
 
-/// An element and all below it, in document order.
+/// An element and its descendants, in document order.
 QList<QDomElement> elementsFrom(const QDomElement &element)
 {
     QList<QDomElement> elements{element};
@@ -79,7 +79,7 @@ QStringList linesOfDocument(const QByteArray &document)
     return readDocument(document, rawData) ? linesOf(rawData) : QStringList{QStringLiteral("not read")};
 }
 
-/// The same by look-ups alone.
+/// The same, found by look-ups only.
 QStringList plainLinesOfDocument(const QByteArray &document)
 {
     const TemporaryTemplate file(QStringLiteral("templates_new"), document);
@@ -97,7 +97,7 @@ void addElementRows()
     }
 }
 
-/// How many lines start so.
+/// The number of lines with a prefix.
 int countOf(const QStringList &lines, const char *start)
 {
     return static_cast<int>(std::count_if(lines.cbegin(), lines.cend(), [start](const QString &line) {
@@ -170,7 +170,7 @@ void CurrentNestingTest::attributeNameIsCaseSensitive_data()
     const auto elements = elementsOf(parsed(documentOfEverything()));
     for (int i = 0; i < elements.size(); ++i) {
         const QDomNamedNodeMap attributes = elements.at(i).attributes();
-        // Of a group level's attributes one letter counts, which is a digit.
+        // Of a group level's attribute only the digit counts.
         for (int j = 0; elements.at(i).tagName() != QStringLiteral("GroupLevel") && j < attributes.count();
              ++j) {
             const QString name = attributes.item(j).nodeName();
@@ -266,7 +266,7 @@ void CurrentNestingTest::oneElementInAnotherIsReadByLookUps()
     }
 }
 
-// Otherwise the comparisons above would compare little.
+// Makes sure that the comparisons above cover enough.
 void CurrentNestingTest::randomDocumentsHoldSomethingOfEverything()
 {
     QStringList lines;
@@ -293,7 +293,7 @@ void CurrentNestingTest::documentIsReadUnlessItNestsMoreThan48Levels_data()
     QTest::addColumn<bool>("isRead");
     QTest::newRow("as deep as it may be") << 48 << true;
     QTest::newRow("too deep") << 49 << false;
-    // Qt's own recursion over its document would end the process.
+    // Qt's own recursion over its document would overflow the stack.
     QTest::newRow("much too deep") << 200000 << false;
 }
 

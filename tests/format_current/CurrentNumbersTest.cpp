@@ -1,4 +1,4 @@
-// How texts are read as numbers, in every attribute that is one.
+// The conversion of texts to numbers, in every numeric attribute.
 
 #include "CurrentFormat.h"
 
@@ -20,13 +20,13 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr int least = std::numeric_limits<int>::min();
 constexpr int greatest = std::numeric_limits<int>::max();
 
-/// A text as each kind of number.
+/// A text, and its conversion to each kind of number.
 struct NumberText
 {
     const char *text;
     int integer;    ///< As a whole number.
     double decimal; ///< As a decimal number.
-    int truncated;  ///< As a decimal number of which the places are cut off.
+    int truncated;  ///< As a decimal number, truncated.
 };
 
 const double notANumber = std::numeric_limits<double>::quiet_NaN();
@@ -229,9 +229,9 @@ void CurrentNumbersTest::boundsOfLegendsAreReadAsDecimals()
                   "</ClassificationColorScope></ClassificationColorScopes>",
                   text));
     QCOMPARE(read.rawData().legendB.size(), 1);
-    const auto &band = read.rawData().legendB.first();
-    QVERIFY2(isSame(band.numberFrom, decimal), QByteArray::number(band.numberFrom).constData());
-    QVERIFY2(isSame(band.numberTo, decimal), QByteArray::number(band.numberTo).constData());
+    const auto &legendClass = read.rawData().legendB.first();
+    QVERIFY2(isSame(legendClass.numberFrom, decimal), QByteArray::number(legendClass.numberFrom).constData());
+    QVERIFY2(isSame(legendClass.numberTo, decimal), QByteArray::number(legendClass.numberTo).constData());
 }
 
 QTEST_GUILESS_MAIN(CurrentNumbersTest)

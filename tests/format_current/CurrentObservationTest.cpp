@@ -1,4 +1,4 @@
-// What a reading reports to an observer.
+// The calls of an observer during a reading.
 
 #include "CurrentFormat.h"
 
@@ -29,7 +29,7 @@ const char *const reasons[] = {
     "instruction",
 };
 
-/// Writes one line for everything that is reported.
+/// Records one line per call.
 class Trace : public ReadingObserver
 {
 public:
@@ -210,7 +210,7 @@ void CurrentObservationTest::lineIsReported()
 
 void CurrentObservationTest::everyNodeIsReportedOnce()
 {
-    // Nothing is taken from it, and nothing in it leads to a value.
+    // No value is taken from it, and no look-up continues in it.
     const QStringList lines = traceOf("<A x='1'>t<B/><!--c--></A>");
     const QStringList expected = {QStringLiteral("pass over Template: unknown element"),
                                   QStringLiteral("pass over A: unknown element"),

@@ -1,4 +1,4 @@
-// Current-format files from end to end: what a host sees of them.
+// Current-format files end to end, as a host sees them.
 
 #include "CurrentFormat.h"
 
@@ -44,13 +44,13 @@ QString itemsOf(const QList<CListItem *> &list)
     return items.join(QLatin1Char(' '));
 }
 
-QString bandsOf(const QList<CTemplateLegendDataItem> &legend)
+QString lowerBoundsOf(const QList<CTemplateLegendDataItem> &legend)
 {
-    QStringList bands;
-    for (const auto &band : legend) {
-        bands.append(QString::number(band.numberFrom));
+    QStringList legendClasses;
+    for (const auto &legendClass : legend) {
+        legendClasses.append(QString::number(legendClass.numberFrom));
     }
-    return bands.join(QLatin1Char(' '));
+    return legendClasses.join(QLatin1Char(' '));
 }
 
 QString samplePath(const QString &name = QString())
@@ -72,7 +72,7 @@ void addSampleRows()
     }
 }
 
-/// What a file uses of the format: "Element" and "Element/Attribute".
+/// The elements and attributes that a file uses: "Element" and "Element/Attribute".
 QSet<QString> namesUsedIn(const QString &path)
 {
     QSet<QString> names;
@@ -152,8 +152,8 @@ void CurrentTemplateTest::legendsAreSortedByLowerBound()
         "<ClassificationColorScopes>" + scope("Lateral", {"9", "-1"}) + scope("Section", {"5", "1", "3"}) +
         scope("Section", {"2"}) + "</ClassificationColorScopes>"));
     QVERIFY(read);
-    QCOMPARE(bandsOf(read->getLegendOfClassification(false)), QStringLiteral("1 2 3 5"));
-    QCOMPARE(bandsOf(read->getLegendOfClassification(true)), QStringLiteral("-1 9"));
+    QCOMPARE(lowerBoundsOf(read->getLegendOfClassification(false)), QStringLiteral("1 2 3 5"));
+    QCOMPARE(lowerBoundsOf(read->getLegendOfClassification(true)), QStringLiteral("-1 9"));
 }
 
 void CurrentTemplateTest::listsAreSortedExceptTheLast()
@@ -169,7 +169,7 @@ void CurrentTemplateTest::listsAreSortedExceptTheLast()
              (QStringList{QStringLiteral("A"), QStringLiteral("M"), QStringLiteral("Z")}));
     QCOMPARE(itemsOf(read->itemList(QStringLiteral("A"))), QStringLiteral("a b c"));
     QCOMPARE(itemsOf(read->itemList(QStringLiteral("M"))), QStringLiteral("a b c"));
-    // The last name's list keeps the record's order, in which the newest item comes first.
+    // The list with the last name keeps the record's order, in which the newest item comes first.
     QCOMPARE(itemsOf(read->itemList(QStringLiteral("Z"))), QStringLiteral("b a c"));
 }
 
@@ -225,8 +225,8 @@ void CurrentTemplateTest::faultyFileGivesATemplateOfWhatStandsBefore_data()
     QTest::newRow("empty file") << QByteArray() << QString() << 0;
     QTest::newRow("no markup") << QByteArray("no template") << QString() << 0;
     QTest::newRow("fault before the name") << QByteArray("<T></Wrong><Name>N</Name></T>") << QString() << 0;
-    QTest::newRow("fault behind the name") << QByteArray("<T><Name>N</Name></Wrong><View/></T>") << key << 0;
-    QTest::newRow("fault behind a view")
+    QTest::newRow("fault after the name") << QByteArray("<T><Name>N</Name></Wrong><View/></T>") << key << 0;
+    QTest::newRow("fault after a view")
         << QByteArray("<T><Name>N</Name><View Id=\"1\"/></Wrong><View Id=\"2\"/></T>") << key << 1;
     QTest::newRow("cut off") << QByteArray("<T><Name>N</Name><View Id=\"1\"/><View Id=\"2\"><Column") << key
                              << 2;

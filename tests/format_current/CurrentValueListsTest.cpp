@@ -22,7 +22,7 @@ QByteArray keyed(const QByteArray &key)
     return "<ValueListItem Key=\"" + key + "\"/>";
 }
 
-/// The items of a list as the record yields them.
+/// The items of a list, in the order of the record.
 QString itemsOf(const CTemplateRawData &rawData, const QString &name)
 {
     QStringList items;
@@ -33,7 +33,7 @@ QString itemsOf(const CTemplateRawData &rawData, const QString &name)
     return items.join(QLatin1Char(' '));
 }
 
-/// All that the only item says.
+/// All properties of the only item.
 QVariantMap onlyItemOf(const QByteArray &elements)
 {
     const ReadElements read(elements);

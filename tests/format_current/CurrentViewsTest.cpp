@@ -1,4 +1,4 @@
-// Program views: which there are, what they are called and how their columns are ordered.
+// Program views: their number, names and column order.
 
 #include "CurrentFormat.h"
 
@@ -49,7 +49,7 @@ private Q_SLOTS:
     void columnsOfUnknownDataTypeComeLast_data();
     void columnsOfUnknownDataTypeComeLast();
     void manyNullEntriesAmongManyColumnsComeLast();
-    void columnIsFoundByItsBindingPastNullEntries();
+    void columnIsFoundByItsBindingAfterNullEntries();
     void viewOfNothingButNullEntriesIsKept();
     void columnsOfOneViewAreIndependentOfAnothers();
 };
@@ -128,7 +128,7 @@ void CurrentViewsTest::viewsWithoutIdAreFiledUnderTheEmptyOne()
     QCOMPARE(read.view(QString()), read.onlyView());
 }
 
-// The earlier ones would leak if nobody deleted them; the sanitizers tell.
+// The replaced views would leak if they were not deleted; the sanitizers report that.
 void CurrentViewsTest::laterViewOfAnIdStays()
 {
     const ReadElements read(
@@ -154,7 +154,7 @@ void CurrentViewsTest::viewWithinAViewIsAViewOfItsOwn()
     QCOMPARE(boundColumnsOf(*outer),
              (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
     QCOMPARE(boundColumnsOf(*inner), QStringList{QStringLiteral("B")});
-    // Each view owns a column of its own.
+    // Each view owns its own column.
     QVERIFY(outer->column(1) != inner->column(0));
 }
 
@@ -229,7 +229,7 @@ void CurrentViewsTest::columnsAreSortedByOrdinal()
              QString::fromLatin1(expected.join(' ')));
 }
 
-// More than any sort handles by insertion alone; which of them comes first is open.
+// More columns than a sort handles by insertion sort alone; the order of equal ones is undefined.
 void CurrentViewsTest::manyColumnsOfOneOrdinalAllStay()
 {
     QByteArray columns;
@@ -280,7 +280,7 @@ void CurrentViewsTest::manyNullEntriesAmongManyColumnsComeLast()
     constexpr int count = 90;
     QByteArray columns;
     for (int i = 0; i < count; ++i) {
-        // 37 has no divisor in common with 90: every ordinal comes once, in no order.
+        // 37 and 90 have no common divisor: every ordinal comes once, out of order.
         columns += i % 3 == 0 ? QByteArray("<Column/>") : boundColumnElement("C", (i * 37) % count);
     }
     const ReadElements read(viewOf(columns));
@@ -297,7 +297,7 @@ void CurrentViewsTest::manyNullEntriesAmongManyColumnsComeLast()
     }
 }
 
-void CurrentViewsTest::columnIsFoundByItsBindingPastNullEntries()
+void CurrentViewsTest::columnIsFoundByItsBindingAfterNullEntries()
 {
     const QByteArray unknown =
         columnOf("<BoundProperty PropertyName=\"Unknown\"/>", R"(DataType="Blob" Ordinal="1")");

@@ -1,4 +1,4 @@
-// White space that belongs to a text is kept, wherever it stands; what only sets tags apart is nothing.
+// Whitespace that belongs to a text is kept everywhere; whitespace between tags is ignored.
 
 #include "CurrentFormat.h"
 
@@ -87,12 +87,12 @@ void CurrentWhiteSpaceTest::textIsThatOfTheWholeDocument()
 void CurrentWhiteSpaceTest::textIsTheSameWhereverTheFileIsCut()
 {
     QFETCH(QByteArray, text);
-    // Files are read in pieces of this size.
-    constexpr int piece = 16 * 1024;
+    // Files are read in chunks of this size.
+    constexpr int chunkSize = 16 * 1024;
     const QString expected = textItemOf(documentWith(QByteArray(), text));
     const int before = documentWith("<!---->", QByteArray()).indexOf("<TextItem>");
     for (int cut = 0; cut <= text.size() + 30; ++cut) {
-        const QByteArray padding = "<!--" + QByteArray(piece - before - cut, 'p') + "-->";
+        const QByteArray padding = "<!--" + QByteArray(chunkSize - before - cut, 'p') + "-->";
         QCOMPARE(captionOf(documentWith(padding, text)), expected);
     }
 }

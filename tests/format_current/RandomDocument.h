@@ -6,8 +6,8 @@
 
 #include <vector>
 
-/// A document of the format's elements in each other as chance will have it, the same for the same seed. In
-/// part they stand where they belong, so that there is something to read.
+/// A random document of nested elements of the format, the same for the same seed. Some elements are in valid
+/// places, so that a reader finds something.
 class RandomDocument
 {
 public:
@@ -151,7 +151,7 @@ private:
             }
         }
         if (name == "Column") {
-            // Equal positions would leave the order open.
+            // With equal positions the order would be undefined.
             text += " Ordinal=\"" + QByteArray::number((m_elements * 7919) % 10007) + "\"";
         }
         return text + ">" + content(kind, depth) + "</" + name + ">";

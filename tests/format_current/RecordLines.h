@@ -22,13 +22,13 @@ inline QStringList linesOfLegend(const QString &name,
                                  const QList<Tobrix::Templates::CTemplateLegendDataItem> &legend)
 {
     QStringList lines;
-    for (const auto &band : legend) {
-        lines.append(lineOf(name, {{QStringLiteral("id"), band.id},
-                                   {QStringLiteral("from"), band.numberFrom},
-                                   {QStringLiteral("to"), band.numberTo},
-                                   {QStringLiteral("color"), band.color},
-                                   {QStringLiteral("textA"), band.textA},
-                                   {QStringLiteral("textB"), band.textB}}));
+    for (const auto &legendClass : legend) {
+        lines.append(lineOf(name, {{QStringLiteral("id"), legendClass.id},
+                                   {QStringLiteral("from"), legendClass.numberFrom},
+                                   {QStringLiteral("to"), legendClass.numberTo},
+                                   {QStringLiteral("color"), legendClass.color},
+                                   {QStringLiteral("textA"), legendClass.textA},
+                                   {QStringLiteral("textB"), legendClass.textB}}));
     }
     return lines;
 }
@@ -46,7 +46,7 @@ inline QStringList linesOfView(const Tobrix::Templates::CProgramView &view)
     return lines;
 }
 
-/// All that is in a record, in an order that does not depend on how it came there.
+/// The content of a record, in an order independent of insertion.
 inline QStringList linesOf(const Tobrix::Templates::CTemplateRawData &rawData)
 {
     using Header = Tobrix::Templates::CTemplateBaseData;

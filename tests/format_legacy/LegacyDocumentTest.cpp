@@ -1,4 +1,4 @@
-// Containers, sections and what lies around them.
+// Containers, sections, and the elements around them.
 
 #include "support/LegacyReading.h"
 
@@ -20,7 +20,7 @@ const QByteArray listItem = "<SYSLIST><LIST_Name>L</LIST_Name></SYSLIST>";
 const QByteArray legend = "<LegendOfClassification><class id=\"1\"/></LegendOfClassification>";
 const QByteArray everySection = header + view + column + listItem + legend;
 
-/// Which of the five sections above a record has.
+/// The sections above that a record has data of.
 QString foundIn(const CTemplateRawData &rawData)
 {
     QString found;
@@ -79,7 +79,7 @@ void LegacyDocumentTest::sectionsAreFoundBelowContainers_data()
         QStringLiteral("header"));
     add("unknown element before", "<TXSYS><Other>" + header + "</Other>" + view + "</TXSYS>",
         QStringLiteral("view"));
-    add("unknown element behind", "<TXSYS>" + view + "<Other>" + header + "</Other></TXSYS>",
+    add("unknown element after", "<TXSYS>" + view + "<Other>" + header + "</Other></TXSYS>",
         QStringLiteral("view"));
     add("all within an unknown element", "<TXSYS><Other>" + all + "</Other></TXSYS>", QString());
     add("container within an unknown element", "<TXSYS><Other><TXSYS>" + all + "</TXSYS></Other></TXSYS>",

@@ -1,4 +1,4 @@
-// Files that the legacy reader gives up on, and what is left in the record then.
+// Files that the legacy reader fails on, and the content of the record after that.
 
 #include "support/CountedColumn.h"
 #include "support/LegacyReading.h"
@@ -27,7 +27,7 @@ const QByteArray goodSections =
     "<SYSLIST><LIST_Name>L</LIST_Name></SYSLIST>"
     "<LegendOfClassification><class id=\"1\"/></LegendOfClassification>";
 
-/// How much a record holds, as "views/columns/items/bands".
+/// The number of objects in a record, as "views/columns/items/legend classes".
 QString sizesOf(const CTemplateRawData &rawData)
 {
     return QStringLiteral("%1/%2/%3/%4")
@@ -109,7 +109,7 @@ void LegacyFailuresTest::damagedDocumentFailsAndLeavesWhatWasRead_data()
         good + "<LegendOfClassification><class id=\"2\" id=\"3\"/></LegendOfClassification></TXSYS>", once);
     add("prefix of no namespace", good + "<x:SYSTPL/></TXSYS>", once);
     add("second root", good + "</TXSYS><TXSYS/>", once);
-    add("text behind the root", good + "</TXSYS>text", once);
+    add("text after the root", good + "</TXSYS>text", once);
 }
 
 void LegacyFailuresTest::damagedDocumentFailsAndLeavesWhatWasRead()
@@ -122,7 +122,7 @@ void LegacyFailuresTest::damagedDocumentFailsAndLeavesWhatWasRead()
 
 void LegacyFailuresTest::byteThatIsNoTextFails()
 {
-    // How much is read before it depends on how much the XML reader decodes at once.
+    // How much is read before the fault depends on how far the XML reader decodes ahead.
     QVERIFY(!LegacyReading("<TXSYS><SYSTPL><TPL_Type>\xFF</TPL_Type></SYSTPL></TXSYS>").isRead);
     QVERIFY(!LegacyReading("<TXSYS><SYSTPL><TPL_Type>\x01</TPL_Type></SYSTPL></TXSYS>").isRead);
 }

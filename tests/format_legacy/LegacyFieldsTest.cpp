@@ -1,4 +1,4 @@
-// Where the text of each element of a section goes.
+// The target of each element of a section.
 
 #include "support/ColumnProperties.h"
 #include "support/LegacyNames.h"
@@ -15,12 +15,12 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-/// An element with a text, and what it changes.
+/// An element with a text, and the property that it changes.
 struct ElementRow
 {
     const char *element;
     const char *text;
-    const char *property; ///< Empty when it changes nothing.
+    const char *property; ///< Empty when there is none.
     QVariant value;
 };
 
@@ -29,7 +29,7 @@ QString latin1(const char *text)
     return QLatin1String(text);
 }
 
-/// The same values but for what an element changes.
+/// The same values except for the change by an element.
 QVariantMap changed(QVariantMap values, const ElementRow &row)
 {
     if (*row.property) {
@@ -77,14 +77,14 @@ const std::vector<ElementRow> listItemRows = {
     {"LIST_SortOrder", "4", "sortOrder", 4},
 };
 
-/// An element of a column, and the data type of a column that shows what it changes.
+/// An element of a column, and a data type of columns with the changed property.
 struct ColumnRow
 {
     const char *code;
     ElementRow element;
 };
 
-// The elements that are known but of no use have values that any other field would show.
+// Elements that are known but ignored have values that would be visible in any other field.
 const std::vector<ColumnRow> columnRows = {
     {"TXT", {"COL_PK", "{1}", "uniqueId", latin1("{1}")}},
     {"TXT", {"COL_Template_FK", "true", "isValueTransfer", true}},
@@ -136,7 +136,7 @@ void addElementRows(const std::vector<ElementRow> &rows)
     addElementRows<ElementRow>(rows, [](const ElementRow &row) { return row.element; });
 }
 
-/// A list item and the name of its list; a failed test when it is not alone.
+/// A list item and the name of its list; fails the test unless there is exactly one.
 QVariantMap onlyItemOf(const CTemplateRawData &rawData)
 {
     if (rawData.listItems.size() != 1) {
@@ -147,7 +147,7 @@ QVariantMap onlyItemOf(const CTemplateRawData &rawData)
     return values;
 }
 
-/// A column and the id of its view; nothing when it is not alone.
+/// A column and the id of its view; null unless there is exactly one.
 QVariantMap onlyColumnOf(const CTemplateRawData &rawData)
 {
     if (rawData.columns.size() != 1) {
@@ -257,7 +257,7 @@ void LegacyFieldsTest::listItemElementSetsItsPropertyAlone()
 {
     QFETCH(int, row);
     const ElementRow &element = listItemRows.at(static_cast<std::size_t>(row));
-    // An item needs a list: of two list names the last one counts.
+    // An item needs a list name: of two the last one counts.
     const LegacyReading reading(
         legacyDocument("<SYSLIST><LIST_Name>Materials</LIST_Name>" + elementOf(element) + "</SYSLIST>"));
     QVERIFY(reading.isRead);

@@ -8,12 +8,12 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-/// A legend in short: id and captions of each band.
+/// A summary of a legend: id and captions of each legend class.
 QStringList summaryOf(const QList<CTemplateLegendDataItem> &legend)
 {
     QStringList summary;
-    for (const auto &band : legend) {
-        summary.append(QStringLiteral("%1:%2:%3").arg(band.id, band.textA, band.textB));
+    for (const auto &legendClass : legend) {
+        summary.append(QStringLiteral("%1:%2:%3").arg(legendClass.id, legendClass.textA, legendClass.textB));
     }
     return summary;
 }
@@ -23,7 +23,7 @@ QByteArray legend(const QByteArray &content)
     return legacyDocument("<LegendOfClassification>" + content + "</LegendOfClassification>");
 }
 
-CTemplateLegendDataItem onlyBandOf(const LegacyReading &reading)
+CTemplateLegendDataItem onlyLegendClassOf(const LegacyReading &reading)
 {
     CTemplateLegendDataItem none;
     none.id = QStringLiteral("not alone");
@@ -38,102 +38,108 @@ struct LegendRow
     QStringList legendB;
 };
 
-QStringList bands(const char *text)
+QStringList classes(const char *text)
 {
     return QString(QLatin1String(text)).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 const std::vector<LegendRow> legendRows = {
     {"empty", "", {}, {}},
-    {"sections", "<Section><class id='1'/><class id='2'/></Section>", bands("1:: 2::"), {}},
-    {"laterals", "<Lateral><class id='1'/></Lateral>", {}, bands("1::")},
-    {"both", "<Section><class id='1'/></Section><Lateral><class id='2'/></Lateral>", bands("1::"),
-     bands("2::")},
-    {"laterals first", "<Lateral><class id='2'/></Lateral><Section><class id='1'/></Section>", bands("1::"),
-     bands("2::")},
-    {"bands are not sorted here",
+    {"sections", "<Section><class id='1'/><class id='2'/></Section>", classes("1:: 2::"), {}},
+    {"laterals", "<Lateral><class id='1'/></Lateral>", {}, classes("1::")},
+    {"both", "<Section><class id='1'/></Section><Lateral><class id='2'/></Lateral>", classes("1::"),
+     classes("2::")},
+    {"laterals first", "<Lateral><class id='2'/></Lateral><Section><class id='1'/></Section>", classes("1::"),
+     classes("2::")},
+    {"legend classes are not sorted here",
      "<Section><class id='2' numberFrom='2'/><class id='1' numberFrom='1'/></Section>",
-     bands("2:: 1::"),
+     classes("2:: 1::"),
      {}},
-    {"class before any group is a section's", "<class id='1'/>", bands("1::"), {}},
+    {"class before any group is a section's", "<class id='1'/>", classes("1::"), {}},
     {"first group of sections clears a class before it",
      "<class id='1'/><Section><class id='2'/></Section>",
-     bands("2::"),
+     classes("2::"),
      {}},
     {"group of laterals leaves a class before it", "<class id='1'/><Lateral><class id='2'/></Lateral>",
-     bands("1::"), bands("2::")},
+     classes("1::"), classes("2::")},
     {"second group of sections clears the first",
      "<Section><class id='1'/></Section><Section><class id='2'/></Section>",
-     bands("2::"),
+     classes("2::"),
      {}},
     {"second group of laterals clears the first", "<Lateral><class id='1'/></Lateral><Lateral/>", {}, {}},
-    {"class behind a group still belongs to it", "<Lateral/><class id='1'/>", {}, bands("1::")},
+    {"class after a group still belongs to it", "<Lateral/><class id='1'/>", {}, classes("1::")},
     {"group within a group",
-     "<Section><class id='1'/><Lateral><class id='2'/></Lateral><class id='3'/></Section>", bands("1::"),
-     bands("2:: 3::")},
-    {"class within an unknown element", "<Other><class id='1'/></Other>", bands("1::"), {}},
-    {"class within a class", "<class id='1'><class id='2'/></class>", bands("1:: 2::"), {}},
+     "<Section><class id='1'/><Lateral><class id='2'/></Lateral><class id='3'/></Section>", classes("1::"),
+     classes("2:: 3::")},
+    {"class within an unknown element", "<Other><class id='1'/></Other>", classes("1::"), {}},
+    {"class within a class", "<class id='1'><class id='2'/></class>", classes("1:: 2::"), {}},
     {"unknown elements", "<Node/><Section><klass id='1'/><Class id='2'/></Section>", {}, {}},
 
     {"captions within their class",
      "<class id='1'><legendA>a</legendA><legendB>b</legendB></class>",
-     bands("1:a:b"),
+     classes("1:a:b"),
      {}},
-    {"captions behind their class",
+    {"captions after their class",
      "<class id='1'/><legendA>a</legendA><legendB>b</legendB>",
-     bands("1:a:b"),
+     classes("1:a:b"),
      {}},
     {"captions of the most recent class",
      "<class id='1'/><class id='2'/><legendA>a</legendA>",
-     bands("1:: 2:a:"),
+     classes("1:: 2:a:"),
      {}},
     {"captions in the other group",
      "<Section><class id='1'/></Section><Lateral><legendA>a</legendA>"
      "<class id='2'/><legendA>b</legendA></Lateral>",
-     bands("1::"), bands("2:b:")},
-    {"caption before any class", "<legendA>a</legendA><legendB>b</legendB><class id='1'/>", bands("1::"), {}},
+     classes("1::"), classes("2:b:")},
+    {"caption before any class",
+     "<legendA>a</legendA><legendB>b</legendB><class id='1'/>",
+     classes("1::"),
+     {}},
     {"caption before any class of its group",
      "<class id='1'/><Lateral><legendB>b</legendB></Lateral>",
-     bands("1::"),
+     classes("1::"),
      {}},
-    {"caption behind a cleared group", "<class id='1'/><Section><legendA>a</legendA></Section>", {}, {}},
-    {"last of two captions", "<class id='1'/><legendA>a</legendA><legendA>b</legendA>", bands("1:b:"), {}},
-    {"empty caption changes nothing", "<class id='1'/><legendA>a</legendA><legendA/>", bands("1:a:"), {}},
+    {"caption after a cleared group", "<class id='1'/><Section><legendA>a</legendA></Section>", {}, {}},
+    {"last of two captions", "<class id='1'/><legendA>a</legendA><legendA>b</legendA>", classes("1:b:"), {}},
+    {"empty caption changes nothing", "<class id='1'/><legendA>a</legendA><legendA/>", classes("1:a:"), {}},
 
     {"text of class and groups is nobody's",
      "x<Section>y<class id='1'>z</class>y</Section>x",
-     bands("1::"),
+     classes("1::"),
      {}},
-    {"text behind an element without text is nobody's",
+    {"text after an element without text is nobody's",
      "<class id='1'/><legendA></legendA>x<legendB/>y",
-     bands("1::"),
+     classes("1::"),
      {}},
-    {"text behind a caption is nobody's", "<class id='1'/><legendA>a</legendA>x", bands("1:a:"), {}},
+    {"text after a caption is nobody's", "<class id='1'/><legendA>a</legendA>x", classes("1:a:"), {}},
     {"text of unknown elements is nobody's",
      "<class id='1'/><legendC>c</legendC><LegendA>d</LegendA>",
-     bands("1::"),
+     classes("1::"),
      {}},
-    {"last text of a caption counts", "<class id='1'/><legendA>a<!-- c -->b</legendA>", bands("1:b:"), {}},
+    {"last text of a caption counts", "<class id='1'/><legendA>a<!-- c -->b</legendA>", classes("1:b:"), {}},
     {"last text of a caption is white space",
      "<class id='1'/><legendA>a<!-- c --> <b/></legendA>\n ",
      {QStringLiteral("1: :")},
      {}},
-    {"comment before a caption", "<class id='1'/><legendB><!-- c -->b</legendB>", bands("1::b"), {}},
-    {"CDATA behind text", "<class id='1'/><legendA>a<![CDATA[b]]></legendA>", bands("1:b:"), {}},
-    {"text behind CDATA", "<class id='1'/><legendA><![CDATA[a]]>b</legendA>", bands("1:b:"), {}},
-    {"text behind an element within a caption is nobody's",
+    {"comment before a caption", "<class id='1'/><legendB><!-- c -->b</legendB>", classes("1::b"), {}},
+    {"CDATA after text", "<class id='1'/><legendA>a<![CDATA[b]]></legendA>", classes("1:b:"), {}},
+    {"text after CDATA", "<class id='1'/><legendA><![CDATA[a]]>b</legendA>", classes("1:b:"), {}},
+    {"text after an element within a caption is nobody's",
      "<class id='1'/><legendA>a<Other/>b</legendA>",
-     bands("1:a:"),
+     classes("1:a:"),
      {}},
     {"text of an element within a caption is nobody's",
      "<class id='1'/><legendA>a<Other>b</Other></legendA>",
-     bands("1:a:"),
+     classes("1:a:"),
      {}},
     {"caption within a caption",
      "<class id='1'/><legendA>a<legendB>b</legendB>c</legendA>",
-     bands("1:a:b"),
+     classes("1:a:b"),
      {}},
-    {"class within a caption", "<class id='1'/><legendA>a<class id='2'/>b</legendA>", bands("1:a: 2::"), {}},
+    {"class within a caption",
+     "<class id='1'/><legendA>a<class id='2'/>b</legendA>",
+     classes("1:a: 2::"),
+     {}},
 };
 
 } // namespace
@@ -201,13 +207,14 @@ void LegacyLegendsTest::attributeSetsItsFieldAlone_data()
 void LegacyLegendsTest::attributeSetsItsFieldAlone()
 {
     QFETCH(QByteArray, attribute);
-    const CTemplateLegendDataItem band = onlyBandOf(LegacyReading(legend("<class " + attribute + "/>")));
-    QTEST(band.id, "id");
-    QTEST(band.color, "color");
-    QTEST(band.numberFrom, "numberFrom");
-    QTEST(band.numberTo, "numberTo");
-    QCOMPARE(band.textA, QString());
-    QCOMPARE(band.textB, QString());
+    const CTemplateLegendDataItem legendClass =
+        onlyLegendClassOf(LegacyReading(legend("<class " + attribute + "/>")));
+    QTEST(legendClass.id, "id");
+    QTEST(legendClass.color, "color");
+    QTEST(legendClass.numberFrom, "numberFrom");
+    QTEST(legendClass.numberTo, "numberTo");
+    QCOMPARE(legendClass.textA, QString());
+    QCOMPARE(legendClass.textB, QString());
 }
 
 void LegacyLegendsTest::attributesAreComparedExactly_data()
@@ -223,32 +230,33 @@ void LegacyLegendsTest::attributesAreComparedExactly_data()
 void LegacyLegendsTest::attributesAreComparedExactly()
 {
     QFETCH(QByteArray, attribute);
-    CTemplateLegendDataItem band = onlyBandOf(LegacyReading(legend("<class " + attribute + "/>")));
-    QVERIFY(band == CTemplateLegendDataItem());
-    QCOMPARE(band.id, QString());
+    CTemplateLegendDataItem legendClass =
+        onlyLegendClassOf(LegacyReading(legend("<class " + attribute + "/>")));
+    QVERIFY(legendClass == CTemplateLegendDataItem());
+    QCOMPARE(legendClass.id, QString());
 }
 
 void LegacyLegendsTest::classWithoutAttributesHasInitialValues()
 {
-    CTemplateLegendDataItem band = onlyBandOf(LegacyReading(legend("<class/>")));
-    QVERIFY(band == CTemplateLegendDataItem());
-    QCOMPARE(band.id, QString());
+    CTemplateLegendDataItem legendClass = onlyLegendClassOf(LegacyReading(legend("<class/>")));
+    QVERIFY(legendClass == CTemplateLegendDataItem());
+    QCOMPARE(legendClass.id, QString());
 }
 
 void LegacyLegendsTest::attributesOfOtherElementsAreIgnored()
 {
     const LegacyReading reading(legend("<Section id=\"1\" color=\"red\"><class id=\"2\">"
                                        "<legendA id=\"3\" color=\"red\">a</legendA></class></Section>"));
-    const CTemplateLegendDataItem band = onlyBandOf(reading);
-    QCOMPARE(band.id, QStringLiteral("2"));
-    QCOMPARE(band.color, QString());
-    QCOMPARE(band.textA, QStringLiteral("a"));
+    const CTemplateLegendDataItem legendClass = onlyLegendClassOf(reading);
+    QCOMPARE(legendClass.id, QStringLiteral("2"));
+    QCOMPARE(legendClass.color, QString());
+    QCOMPARE(legendClass.textA, QStringLiteral("a"));
 }
 
 void LegacyLegendsTest::captionsKeepTheirWhiteSpace()
 {
     const LegacyReading reading(legend("<class><legendA> short\n term </legendA></class>"));
-    QCOMPARE(onlyBandOf(reading).textA, QStringLiteral(" short\n term "));
+    QCOMPARE(onlyLegendClassOf(reading).textA, QStringLiteral(" short\n term "));
 }
 
 void LegacyLegendsTest::everyLegendElementStartsWithTheSections()

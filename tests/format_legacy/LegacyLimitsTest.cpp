@@ -1,4 +1,4 @@
-// Files with more of something than any template has.
+// Files over the limits of templates.
 
 #include "support/CountedDocuments.h"
 #include "support/LegacyReading.h"
@@ -15,7 +15,7 @@ private Q_SLOTS:
     void oneMoreFailsTheFile_data() { addKinds(); }
     void oneMoreFailsTheFile();
     void viewsOfOneIdAreOne();
-    void bandsThatWereClearedDoNotCount();
+    void legendClassesThatWereClearedDoNotCount();
     void droppedColumnsDoNotCount();
 
 private:
@@ -56,10 +56,11 @@ void LegacyLimitsTest::viewsOfOneIdAreOne()
     QCOMPARE(reading.rawData.programViews.size(), 1);
 }
 
-void LegacyLimitsTest::bandsThatWereClearedDoNotCount()
+void LegacyLimitsTest::legendClassesThatWereClearedDoNotCount()
 {
-    const QByteArray group =
-        "<Section>" + QByteArray("<class/>").repeated(Tobrix::Templates::Limits::legendClasses) + "</Section>";
+    const QByteArray group = "<Section>" +
+                             QByteArray("<class/>").repeated(Tobrix::Templates::Limits::legendClasses) +
+                             "</Section>";
     const LegacyReading reading(
         legacyDocument("<LegendOfClassification>" + group + group + "</LegendOfClassification>"));
     QVERIFY(reading.isRead);

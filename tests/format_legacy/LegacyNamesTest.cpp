@@ -1,4 +1,4 @@
-// Each name of the format is spelled in one file: whatever knows a name has it from there.
+// The names of the format are string literals in one file only.
 
 #include "support/LegacyNames.h"
 #include "support/StringLiterals.h"
@@ -16,10 +16,10 @@ namespace {
 
 const QLatin1String formatFile("src/format_legacy/LegacyFormat_p.h");
 
-/// Words of other meaning that are names of the format too.
+/// Words with another meaning that are also names of the format.
 struct OtherMeaning
 {
-    QLatin1String place; ///< a file, or a folder with all that is in it
+    QLatin1String place; ///< a file, or a folder with its content
     QStringList words;
 };
 

@@ -1,4 +1,4 @@
-// Texts of elements as numbers: decimal or nothing, and nothing is zero.
+// The conversion of texts to numbers: decimal, otherwise zero.
 
 #include "support/ColumnProperties.h"
 #include "support/LegacyReading.h"
@@ -57,7 +57,7 @@ void LegacyNumbersTest::integerIsDecimalOrZero_data()
     QTest::newRow("one less than the least") << QByteArray("-2147483649") << 0;
     QTest::newRow("far too great") << QByteArray("99999999999999999999") << 0;
     QTest::newRow("hexadecimal") << QByteArray("0x10") << 0;
-    QTest::newRow("letters behind") << QByteArray("12abc") << 0;
+    QTest::newRow("trailing letters") << QByteArray("12abc") << 0;
     QTest::newRow("decimal places") << QByteArray("1.5") << 0;
     QTest::newRow("whole with decimal point") << QByteArray("1.0") << 0;
     QTest::newRow("exponent") << QByteArray("1e3") << 0;
@@ -79,7 +79,7 @@ void LegacyNumbersTest::integerIsDecimalOrZero()
     QCOMPARE(reading.rawData.sortOrder, number);
     QCOMPARE(reading.rawData.listItems.first()->sortOrder(), number);
 
-    // Every whole number of a column is read the same way.
+    // Every whole number of a column is converted in the same way.
     const QList<QPair<QByteArray, QString>> elements = {{"COL_GroupLevel", QStringLiteral("groupLevel")},
                                                         {"COL_DataSourceType", QStringLiteral("typeFlags")},
                                                         {"COL_ControlType", QStringLiteral("controlType")},
@@ -120,7 +120,7 @@ void LegacyNumbersTest::realIsANumberOrZero_data()
     QTest::newRow("infinite") << QByteArray("inf") << std::numeric_limits<double>::infinity();
     QTest::newRow("not a number") << QByteArray("nan") << std::numeric_limits<double>::quiet_NaN();
     QTest::newRow("decimal comma") << QByteArray("1,5") << 0.0;
-    QTest::newRow("letters behind") << QByteArray("12abc") << 0.0;
+    QTest::newRow("trailing letters") << QByteArray("12abc") << 0.0;
     QTest::newRow("hexadecimal") << QByteArray("0x10") << 0.0;
     QTest::newRow("word") << QByteArray("none") << 0.0;
     QTest::newRow("blanks") << QByteArray("  ") << 0.0;
@@ -135,11 +135,11 @@ void LegacyNumbersTest::realIsANumberOrZero()
                             "<COL_Steps>" + text + "</COL_Steps>");
     const LegacyReading legend(legacyDocument("<LegendOfClassification><class numberFrom=\"" + text +
                                               "\" numberTo=\"" + text + "\"/></LegendOfClassification>"));
-    const CTemplateLegendDataItem band = legend.rawData.legendA.value(0);
-    for (const double read :
-         {column.value(QStringLiteral("minimumValue")).toDouble(),
-          column.value(QStringLiteral("maximumValue")).toDouble(),
-          column.value(QStringLiteral("stepInterval")).toDouble(), band.numberFrom, band.numberTo}) {
+    const CTemplateLegendDataItem legendClass = legend.rawData.legendA.value(0);
+    for (const double read : {column.value(QStringLiteral("minimumValue")).toDouble(),
+                              column.value(QStringLiteral("maximumValue")).toDouble(),
+                              column.value(QStringLiteral("stepInterval")).toDouble(), legendClass.numberFrom,
+                              legendClass.numberTo}) {
         QVERIFY2(read == number || (std::isnan(read) && std::isnan(number)),
                  qPrintable(QString::number(read)));
     }

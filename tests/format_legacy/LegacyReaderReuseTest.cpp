@@ -1,4 +1,4 @@
-// One reader for several files, and several readers at once.
+// One reader for several files, and several readers at the same time.
 
 #include "support/LegacyReading.h"
 #include "support/OpenFiles.h"
@@ -25,7 +25,7 @@ QByteArray documentOf(const QByteArray &key)
                           "</COL_ProgView_FK></SYSCOL>");
 }
 
-/// What a record holds of the documents above: every key that is in it.
+/// The keys in a record of the documents above.
 QStringList keysIn(const CTemplateRawData &rawData)
 {
     QStringList keys = {rawData.key};

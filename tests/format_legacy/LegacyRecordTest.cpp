@@ -1,4 +1,4 @@
-// How several sections of one kind come together in the raw record.
+// Several sections of one kind in one raw record.
 
 #include "support/LegacyReading.h"
 
@@ -93,7 +93,7 @@ void LegacyRecordTest::viewsAreFiledUnderTheirUniqueId()
 
 void LegacyRecordTest::laterViewOfTheSameIdReplacesTheEarlier()
 {
-    // That the earlier views are deleted as well is for the leak checker to find.
+    // The leak checker reports when the earlier views are not deleted.
     const LegacyReading reading(
         legacyDocument(viewOf("{1}", "a") + viewOf("{2}", "x") + viewOf("{1}", "b") + viewOf("{1}", "c")));
     QVERIFY(reading.isRead);

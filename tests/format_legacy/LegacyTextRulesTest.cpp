@@ -1,5 +1,5 @@
-// Which of an element's texts count. Header, views and list items have one rule, columns another; that of
-// legends is with the legends.
+// Which of an element's texts count. Header, views and list items have one rule, columns another; legends are
+// tested elsewhere.
 
 #include "support/LegacyReading.h"
 
@@ -13,14 +13,14 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-/// The elements of one section by neutral names: {A} and {B} are two texts of it.
+/// The elements of one section under common names: {A} and {B} are two of its texts.
 struct Section
 {
     const char *name;
     QByteArray element;
     QByteArray a;
     QByteArray b;
-    QByteArray needed; ///< Without which the section is dropped or fails.
+    QByteArray needed; ///< Elements without which the section is dropped or fails.
 };
 
 } // namespace
@@ -70,42 +70,42 @@ struct TextRow
     const char *b;
 };
 
-// The first text behind a start tag counts, and an end tag does not take the element's turn away.
+// The first text after a start tag counts, even after the end tag of the element.
 const TextRow firstTextRows[] = {
     {"text", "<{A}>x</{A}>", "x", ""},
     {"white space stays as it is", "<{A}> x\n y </{A}>", " x\n y ", ""},
     {"nothing", "", "", ""},
-    {"empty element takes the white space behind it", "<{A}/>\n  <{B}>y</{B}>", "\n  ", "y"},
-    {"element without text takes the white space behind it", "<{A}></{A}>\n  <{B}>y</{B}>", "\n  ", "y"},
+    {"empty element takes the white space after it", "<{A}/>\n  <{B}>y</{B}>", "\n  ", "y"},
+    {"element without text takes the white space after it", "<{A}></{A}>\n  <{B}>y</{B}>", "\n  ", "y"},
     {"last element takes the white space before the section's end", "<{A}/>\n", "\n", ""},
     {"element with text does not", "<{A}>x</{A}>\n  <{B}>y</{B}>", "x", "y"},
-    {"empty element with nothing behind it stays empty", "<{A}/><{B}>y</{B}>", "", "y"},
+    {"empty element with nothing after it stays empty", "<{A}/><{B}>y</{B}>", "", "y"},
     {"two empty elements", "<{A}/><{B}/> ", "", " "},
-    {"empty element behind one with text", "<{A}>x</{A}>\n  <{B}/>\n ", "x", "\n "},
+    {"empty element after one with text", "<{A}>x</{A}>\n  <{B}/>\n ", "x", "\n "},
     {"empty element around one with text", "<{A}><{B}>y</{B}>\n </{A}>\n ", "", "y"},
-    {"element around an empty one that takes the white space behind it", "<{A}>x<{B}/>\n </{A}>\n", "x",
+    {"element around an empty one that takes the white space after it", "<{A}>x<{B}/>\n </{A}>\n", "x",
      "\n "},
     {"white space before the first element is nobody's", "\n  <{A}>x</{A}>", "x", ""},
-    {"empty element takes the text behind it", "<{A}/>abc   <{B}>y</{B}>", "abc   ", "y"},
+    {"empty element takes the text after it", "<{A}/>abc   <{B}>y</{B}>", "abc   ", "y"},
     {"unknown element ends an empty element's turn", "<{A}/><Other/>\n", "", ""},
     {"text of an unknown element is nobody's", "<{A}>x</{A}><Other>y</Other>", "x", ""},
     {"comment before the text", "<{A}><!-- c -->x</{A}>", "x", ""},
     {"comment within the text", "<{A}>x<!-- c -->y</{A}>", "x", ""},
-    {"comment behind an empty element", "<{A}/><!-- c -->\n", "\n", ""},
+    {"comment after an empty element", "<{A}/><!-- c -->\n", "\n", ""},
     {"processing instruction before the text", "<{A}><?do it?>x</{A}>", "x", ""},
     {"CDATA", "<{A}><![CDATA[<x> & y]]></{A}>", "<x> & y", ""},
-    {"CDATA behind text", "<{A}>x<![CDATA[y]]></{A}>", "x", ""},
-    {"text behind CDATA", "<{A}><![CDATA[x]]>y</{A}>", "x", ""},
+    {"CDATA after text", "<{A}>x<![CDATA[y]]></{A}>", "x", ""},
+    {"text after CDATA", "<{A}><![CDATA[x]]>y</{A}>", "x", ""},
     {"white space before CDATA", "<{A}> <![CDATA[x]]></{A}>", " ", ""},
     {"entities are part of the text", "<{A}>x &lt;&amp;&gt; &#65;&#x42;</{A}>", "x <&> AB", ""},
     {"unknown element within, text before it", "<{A}>x<Other/>y</{A}>", "x", ""},
-    {"unknown element within, text behind it", "<{A}><Other/>y</{A}>", "", ""},
-    {"known element within takes the text behind it", "<{A}><{B}/>y</{A}>", "", "y"},
+    {"unknown element within, text after it", "<{A}><Other/>y</{A}>", "", ""},
+    {"known element within takes the text after it", "<{A}><{B}/>y</{A}>", "", "y"},
     {"known element within", "<{A}>x<{B}>y</{B}>z</{A}>", "x", "y"},
     {"known element within an unknown one", "<Other>o<{A}>x</{A}></Other>", "x", ""},
     {"last of two elements counts", "<{A}>x</{A}><{A}>y</{A}>", "y", ""},
     {"empty second element keeps the first one's text", "<{A}>x</{A}><{A}/>", "x", ""},
-    {"white space behind an empty second element counts", "<{A}>x</{A}><{A}/> ", " ", ""},
+    {"white space after an empty second element counts", "<{A}>x</{A}><{A}/> ", " ", ""},
     {"attributes are no text", "<{A} text=\"t\">x</{A}>", "x", ""},
 };
 
@@ -114,7 +114,7 @@ const TextRow directTextRows[] = {
     {"text", "<{A}>x</{A}>", "x", ""},
     {"white space stays as it is", "<{A}> x\n y </{A}>", " x\n y ", ""},
     {"nothing", "", "", ""},
-    {"empty element does not take the white space behind it", "<{A}/>\n  <{B}>y</{B}>", "", "y"},
+    {"empty element does not take the white space after it", "<{A}/>\n  <{B}>y</{B}>", "", "y"},
     {"element without text does not either", "<{A}></{A}>\n  <{B}>y</{B}>", "", "y"},
     {"last element does not either", "<{A}/>\n", "", ""},
     {"element with text keeps it", "<{A}>x</{A}>\n  <{B}>y</{B}>", "x", "y"},
@@ -122,16 +122,16 @@ const TextRow directTextRows[] = {
     {"text of an unknown element is nobody's", "<{A}>x</{A}><Other>y</Other>", "x", ""},
     {"comment before the text", "<{A}><!-- c -->x</{A}>", "", ""},
     {"comment within the text", "<{A}>x<!-- c -->y</{A}>", "x", ""},
-    {"comment behind an empty element", "<{A}/><!-- c -->\n", "", ""},
+    {"comment after an empty element", "<{A}/><!-- c -->\n", "", ""},
     {"processing instruction before the text", "<{A}><?do it?>x</{A}>", "", ""},
     {"CDATA", "<{A}><![CDATA[<x> & y]]></{A}>", "<x> & y", ""},
-    {"CDATA behind text", "<{A}>x<![CDATA[y]]></{A}>", "x", ""},
-    {"text behind CDATA", "<{A}><![CDATA[x]]>y</{A}>", "x", ""},
+    {"CDATA after text", "<{A}>x<![CDATA[y]]></{A}>", "x", ""},
+    {"text after CDATA", "<{A}><![CDATA[x]]>y</{A}>", "x", ""},
     {"white space before CDATA", "<{A}> <![CDATA[x]]></{A}>", " ", ""},
     {"entities are part of the text", "<{A}>x &lt;&amp;&gt; &#65;&#x42;</{A}>", "x <&> AB", ""},
     {"unknown element within, text before it", "<{A}>x<Other/>y</{A}>", "x", ""},
-    {"unknown element within, text behind it", "<{A}><Other/>y</{A}>", "", ""},
-    {"known element within, text behind it", "<{A}><{B}/>y</{A}>", "", ""},
+    {"unknown element within, text after it", "<{A}><Other/>y</{A}>", "", ""},
+    {"known element within, text after it", "<{A}><{B}/>y</{A}>", "", ""},
     {"known element within", "<{A}>x<{B}>y</{B}>z</{A}>", "x", "y"},
     {"known element within an unknown one", "<Other>o<{A}>x</{A}></Other>", "x", ""},
     {"last of two elements counts", "<{A}>x</{A}><{A}>y</{A}>", "y", ""},
@@ -167,12 +167,12 @@ void checkTextsWhereverTheFileIsCut()
 {
     QFETCH(const Section *, section);
     QFETCH(QByteArray, elements);
-    // Files are read in pieces of this size.
-    constexpr int piece = 16 * 1024;
+    // Files are read in chunks of this size.
+    constexpr int chunkSize = 16 * 1024;
     const QByteArray unpadded = documentOf(*section, elements, "<!---->");
     const int before = unpadded.indexOf("-->");
     for (int cut = before; cut < unpadded.size(); ++cut) {
-        const QByteArray padding = "<!--" + QByteArray(piece - cut, 'p') + "-->";
+        const QByteArray padding = "<!--" + QByteArray(chunkSize - cut, 'p') + "-->";
         const LegacyReading reading(documentOf(*section, elements, padding));
         QVERIFY(reading.isRead);
         QTEST(textsOf(*section, reading.rawData), "texts");

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The number of a name in one part of a document.
+/// The token of a name in one section.
 int tokenOf(LegacyPart part, const QStringRef &name)
 {
     switch (part) {
@@ -33,7 +33,7 @@ int tokenOf(LegacyPart part, const QStringRef &name)
 constexpr LegacyPart parts[] = {LegacyPart::Document, LegacyPart::Header,   LegacyPart::ProgramView,
                                 LegacyPart::Column,   LegacyPart::ListItem, LegacyPart::Legend};
 
-/// The numbers of a name in all parts of a document.
+/// The tokens of a name in all sections.
 QList<int> tokensOf(const QStringRef &name)
 {
     QList<int> tokens;

@@ -8,16 +8,15 @@
 #include <functional>
 #include <vector>
 
-/// What must come of a document.
+/// The expected result of a document.
 enum class Outcome {
-    /// A template with what the document holds.
+    /// A template with the content of the document.
     Read,
-    /// Nothing, as for every document past a limit: no template of the legacy format, and an empty one of the
-    /// current format.
+    /// A document over a limit: no template in the legacy format, an empty one in the current format.
     Refused,
-    /// What stands before the fault in the current format, no template of the legacy format.
+    /// What precedes the fault in the current format, no template in the legacy format.
     Broken,
-    /// Whatever it may be: only what it costs matters.
+    /// Any: only time and memory matter.
     Bounded
 };
 
@@ -26,7 +25,7 @@ namespace Limits = Tobrix::Templates::Limits;
 /// The root is an element as well.
 constexpr int deepestBelowRoot = Limits::depth - 1;
 
-/// A document that is meant to do harm.
+/// A document that attacks the library.
 struct Attack
 {
     QByteArray name;
@@ -41,17 +40,17 @@ using Attacks = std::vector<Attack>;
 void addForBoth(Attacks &attacks, const QByteArray &name, Outcome outcome,
                 const std::function<QByteArray(Format)> &document);
 
-/// Elements, parentheses and document types in each other.
+/// Nested elements, parentheses and document types.
 Attacks nestingAttacks();
-/// Entities, and what else a document type can do.
+/// Entities and other declarations of a document type.
 Attacks documentTypeAttacks();
 /// Attributes and namespaces.
 Attacks attributeAttacks();
-/// Much of everything.
+/// Large documents.
 Attacks volumeAttacks();
-/// Containers in each other, which share what they hold.
+/// Nested containers, which share their content.
 Attacks multiplicationAttacks();
-/// Encodings, declared and not.
+/// Encodings, declared or not.
 Attacks encodingAttacks();
-/// Texts that fall on one place of a hash table.
+/// Texts with colliding hashes.
 Attacks collisionAttacks();

@@ -34,15 +34,15 @@ Choice sum(Choice a, const Choice &b)
     return a;
 }
 
-/// The hash of a text in a process that has drawn a seed, as all do.
+/// The hash of a text in a process with a random seed, as all have.
 uint hashOf(const Choice &choice)
 {
     constexpr uint anySeed = 1;
     return qHash(textOf(choice), anySeed);
 }
 
-/// Sets of bits that leave Qt's hash of a text as it is. Where the processor helps, that is a check sum: each
-/// bit of the text changes the same bits of it whatever the others are, and whatever the seed is.
+/// Sets of bits that do not change Qt's hash of a text. Where the processor supports it, that hash is a CRC:
+/// each input bit flips the same output bits, whatever the other bits and the seed are.
 std::vector<Choice> neutralChoices()
 {
     struct Row
@@ -74,7 +74,7 @@ std::vector<Choice> neutralChoices()
     return neutral;
 }
 
-/// Different texts that all have one hash.
+/// Different texts with the same hash.
 std::vector<QByteArray> collidingTexts(int count)
 {
     static const std::vector<Choice> neutral = neutralChoices();
@@ -92,13 +92,13 @@ std::vector<QByteArray> collidingTexts(int count)
 }
 
 void add(Attacks &attacks, const QByteArray &name, Format format, const QByteArray &before,
-         const QByteArray &behind)
+         const QByteArray &after)
 {
     for (const int count : {5'000, 10'000, 40'000}) {
         const auto makeDocument = [=] {
             QByteArray body;
             for (const auto &text : collidingTexts(count)) {
-                body += before + text + behind;
+                body += before + text + after;
             }
             return document(format, body);
         };

@@ -10,7 +10,7 @@ void add(Attacks &attacks, const QByteArray &name, Outcome outcome, const QByteA
     addForBoth(attacks, name, outcome, [=](Format format) { return document(format, body, prolog); });
 }
 
-/// Entities that refer to each other in a row, the first to the second and so on.
+/// A chain of entities: each refers to the next one.
 QByteArray chain(int length, const QByteArray &text = "x")
 {
     return numbered(length, [=](const QByteArray &i) {
@@ -19,7 +19,7 @@ QByteArray chain(int length, const QByteArray &text = "x")
     });
 }
 
-/// Entities that hold an element each, and in it a reference to the next one.
+/// A chain of entities that have an element each, with the reference to the next one inside of it.
 QByteArray elementChain(int length)
 {
     return numbered(length, [](const QByteArray &i) {
@@ -27,7 +27,7 @@ QByteArray elementChain(int length)
     });
 }
 
-/// Entities that refer to the next one several times.
+/// Entities that each refer to the next one several times.
 QByteArray tree(int height, int width)
 {
     return numbered(height, [=](const QByteArray &i) {
@@ -37,7 +37,7 @@ QByteArray tree(int height, int width)
     });
 }
 
-/// A document type of so many bytes between its keyword and its end.
+/// A document type with so many bytes between its keyword and its end.
 QByteArray documentTypeOfSize(int size)
 {
     const QByteArray frame = " a [<!---->]";
@@ -116,7 +116,7 @@ void addExpansions(Attacks &attacks)
     add(attacks, "parameter entity that is only declared", Outcome::Read, documentType("<!ENTITY % p 'x'>"));
 }
 
-/// What elements get by default.
+/// Default attributes.
 void addDefaults(Attacks &attacks)
 {
     const auto defaults = [](int count) {
@@ -124,7 +124,7 @@ void addDefaults(Attacks &attacks)
                             numbered(count, [](const QByteArray &i) { return 'c' + i + " CDATA 'x' "; }) +
                             '>');
     };
-    // Every element counts, the two of the frame among them.
+    // Every element counts, including the two of the frame.
     addForBoth(attacks, "as many default attributes as may be", Outcome::Read, [=](Format format) {
         const int others = format == Format::Legacy ? 3 : 2;
         return document(format, repeated("<b/>", 100 - others), defaults(100));
@@ -152,7 +152,7 @@ void addDefaults(Attacks &attacks)
         "<b/>");
 }
 
-/// What makes a document type look other than it is.
+/// Constructs that make a document type look different from what it is.
 void addDisguises(Attacks &attacks)
 {
     const QByteArray deep = entity("e", deepMarkup);

@@ -12,7 +12,7 @@ QByteArray encoded(const QByteArray &text, const char *encoding)
     return codec ? codec->fromUnicode(characters.constData(), characters.size(), &withoutMark) : QByteArray();
 }
 
-/// A text with all of its markup in UTF-7's way of writing characters that it does not have.
+/// A text with all markup characters encoded in UTF-7's base64.
 QByteArray hiddenInUtf7(const QByteArray &text)
 {
     QByteArray hidden = text;
@@ -31,7 +31,7 @@ void addWide(Attacks &attacks)
         const char *name;
         const char *encoding;
         QByteArray mark;
-        const char *declared; ///< null for no declaration
+        const char *declared; ///< null without declaration
         bool isUnderstood;
     } kinds[] = {
         {"UTF-8", "UTF-8", "\xef\xbb\xbf", nullptr, true},
@@ -98,8 +98,8 @@ void addHidden(Attacks &attacks)
         {"twice", "<?xml version=\"1.0\" encoding='UTF-7' encoding='UTF-8'?>"},
         {"without a space before it", "<?xml version='1.0'encoding='UTF-7'?>"},
         {"without an equals sign", "<?xml version='1.0' encoding 'UTF-7'?>"},
-        {"far behind the beginning", "<?xml version='1.0' " + repeated(" ", 3'000) + "encoding='UTF-7'?>"},
-        {"behind a mark", "\xef\xbb\xbf" + declaration("UTF-7")},
+        {"far after the beginning", "<?xml version='1.0' " + repeated(" ", 3'000) + "encoding='UTF-7'?>"},
+        {"after a mark", "\xef\xbb\xbf" + declaration("UTF-7")},
         {"by a style sheet", "<?xml-stylesheet href='a' encoding='UTF-7'?>"},
     };
     const QByteArray deep = hiddenInUtf7(repeated("<a>", 20'000));
@@ -113,8 +113,8 @@ void addHidden(Attacks &attacks)
     }
     addForBoth(attacks, "markup in the other half of an escape sequence", Outcome::Refused,
                [](Format) { return declaration("ISO-2022-JP") + repeated("\x1b$B!!\x1b(B<a>", 20'000); });
-    // Behind the declaration of an encoding of twice as many bytes a character, one parser goes on twice as
-    // far from the beginning as it was.
+    // After a declaration of an encoding with twice as many bytes per character, one parser continues at
+    // twice the offset.
     addForBoth(attacks, "comment that only the guard would see", Outcome::Refused, [](Format) {
         const QByteArray declared = "<?xml version=\"1.0\" encoding=\"UTF-16LE\" ?>";
         const QByteArray unseen = "<!--" + encoded("<!--", "UTF-16LE");

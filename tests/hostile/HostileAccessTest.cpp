@@ -31,7 +31,7 @@ QList<QByteArray> callsForFile(const QString &path)
         while (!calls.isEmpty() && !calls.first().contains(mark)) {
             taken.append(calls.takeFirst());
         }
-        // The trace must show both marks, or it shows nothing of what was touched between them.
+        // Without both marks, the trace would not show what was accessed between them.
         if (calls.isEmpty()) {
             return QList<QByteArray>{"there is no call for " + mark};
         }
@@ -115,7 +115,7 @@ void HostileAccessTest::onlyTheTemplateIsTouched()
     const auto calls = callsForFile(path);
     int openings = 0;
     for (const auto &call : calls) {
-        // Without a path a call is about the file that is open.
+        // A call without a path refers to the open file.
         const bool isOfTemplate =
             call.contains('"' + QFile::encodeName(path) + '"') || call.contains("AT_EMPTY_PATH");
         QVERIFY2(isOfTemplate, call.constData());

@@ -7,20 +7,20 @@
 
 namespace {
 
-/// Where one of those who read a file piece by piece begins with the next piece.
+/// The chunk sizes of the layers that read a file.
 #ifdef TOBRIX_TEST_SANITIZED
 const int boundaries[] = {16 * 1024};
 #else
 const int boundaries[] = {1024, 4096, 8192, 16 * 1024};
 #endif
 
-/// Markup that stands across a boundary, and a document around it.
+/// Markup that crosses a chunk boundary, and a document around it.
 struct Construct
 {
     const char *name;
-    QByteArray prolog; ///< stands in front of the root
-    QByteArray body;   ///< stands in the root
-    QByteArray across; ///< is part of one of them
+    QByteArray prolog; ///< before the root
+    QByteArray body;   ///< inside of the root
+    QByteArray across; ///< part of one of them
 };
 
 const Construct constructs[] = {
@@ -39,7 +39,7 @@ QByteArray padding(int size)
     return "<!--" + QByteArray(size - 7, 'x') + "-->";
 }
 
-/// A document of so many levels in which a construct begins so many bytes in front of a boundary.
+/// A document of so many levels in which a construct begins so many bytes before a boundary.
 QByteArray straddling(Format format, const Construct &construct, int boundary, int shift, int levels)
 {
     const auto make = [&](int padded) {

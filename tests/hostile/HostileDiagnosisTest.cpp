@@ -59,7 +59,8 @@ void HostileDiagnosisTest::limitAndLineAreNamed_data()
     QTest::addColumn<int>("line");
     QTest::addColumn<QByteArray>("excess");
     const QByteArray none;
-    const QByteArray tooDeep = "more than " + QByteArray::number(Limits::depth) + " levels of nested elements";
+    const QByteArray tooDeep =
+        "more than " + QByteArray::number(Limits::depth) + " levels of nested elements";
     QTest::newRow("depth") << none << "\n\n" + nested("a", 200) << 3 << tooDeep;
     QTest::newRow("depth, a line for every level")
         << none << repeated("\n<a>", 200) << Limits::depth + 1 << tooDeep;
@@ -87,7 +88,7 @@ void HostileDiagnosisTest::limitAndLineAreNamed_data()
                                 << "\n" + repeated("&e;", 100) << 2
                                 << QByteArray("entities that come to more than 65536 characters");
     QTest::newRow("entity in itself") << documentType(entity("e", "&e;")) << QByteArray("\n&e;") << 2
-                                      << QByteArray("more than 16 entities in each other");
+                                      << QByteArray("more than 16 levels of nested entities");
     QTest::newRow("half an element") << documentType(entity("e", "<b>")) << QByteArray("\n&e;</b>") << 2
                                      << QByteArray("an entity that begins or ends within markup");
     QTest::newRow("defaults") << documentType("<!ATTLIST b c CDATA ''>") << "\n" + repeated("<b/>", 20'000)
@@ -136,7 +137,7 @@ void HostileDiagnosisTest::countAndLineAreNamed()
     QFETCH(int, index);
     const CountedKind &kind =
         (format == Format::Legacy ? m_legacyKinds : m_currentKinds)[static_cast<std::size_t>(index)];
-    // The one that is too many stands in a line of its own.
+    // The first one over the limit is on a line of its own.
     compareDiagnosis(m_folder.write(format, documentWith(kind, kind.most + 1)), 2,
                      "more than " + QByteArray::number(kind.most) + ' ' + kind.name);
 }
@@ -145,7 +146,7 @@ void HostileDiagnosisTest::sizeOfTheFileIsNamed()
 {
     for (const Format format : {Format::Legacy, Format::Current}) {
         QFile file(m_folder.write(format, document(format, QByteArray())));
-        // What is behind its text takes no space on the disk.
+        // The rest of the file is sparse and uses no disk space.
         QVERIFY(file.resize(qint64(Limits::fileSize) + 1));
         compareDiagnosis(file.fileName(), 1,
                          "a file of more than " + QByteArray::number(Limits::fileSize) + " bytes");

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// In what a load of a document by its own format went against what must come of it; empty when in nothing.
+/// How the result of a document differs from the expected one; empty when it does not.
 QString brokenPromise(const HostileLoad &load, const Attack &attack)
 {
     const bool isLegacy = attack.format == Format::Legacy;
@@ -24,7 +24,7 @@ QString brokenPromise(const HostileLoad &load, const Attack &attack)
     return QString();
 }
 
-/// The same for what the tool says of a document.
+/// The same for the message of the tool.
 QString brokenPromiseOfTool(const HostileLoad &load, const Attack &attack)
 {
     if (attack.outcome != Outcome::Bounded && load.isRead != (attack.outcome == Outcome::Read)) {
@@ -39,12 +39,12 @@ struct Step
     const char *name;
 };
 
-/// The ways on which a document goes through the library. The reader of the other format gets it, too: a path
-/// is soon changed.
+/// The ways in which a document is loaded. The reader of the other format gets it too, since the path alone
+/// decides.
 std::vector<Step> waysOf(const Attack &attack)
 {
 #ifdef TOBRIX_TEST_SANITIZED
-    // These are after what the library does, and slow.
+    // These run after the library has loaded the file, and are slow.
     Q_UNUSED(attack)
     return {{Way::Entry, "the library"}};
 #else
@@ -67,7 +67,7 @@ private Q_SLOTS:
     void cleanupTestCase();
 
 private:
-    /// The greatest part of a bound that an attack has taken.
+    /// The largest share of a bound that an attack has reached.
     struct Share
     {
         double share = 0;
@@ -129,11 +129,11 @@ void HostileDocumentsTest::noteCost(const HostileLoad &load, const LoadBounds &b
 
 void HostileDocumentsTest::cleanupTestCase()
 {
-    const auto tell = [](const char *what, const Share &most) {
+    const auto report = [](const char *what, const Share &most) {
         qInfo("%s: at most %.0f %% of the bound, by %s", what, most.share * 100, most.attack.constData());
     };
-    tell("memory", m_mostMemory);
-    tell("time", m_mostTime);
+    report("memory", m_mostMemory);
+    report("time", m_mostTime);
 }
 
 QTEST_GUILESS_MAIN(HostileDocumentsTest)

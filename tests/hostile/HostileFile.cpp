@@ -23,7 +23,7 @@ HostileFolder::HostileFolder()
         }
         ::chmod(QFile::encodeName(directory.filePath(folderOf(format))).constData(), 0755);
     }
-    // Temporary folders are their owner's alone.
+    // Temporary folders are accessible to their owner only.
     ::chmod(QFile::encodeName(directory.path()).constData(), 0755);
 }
 

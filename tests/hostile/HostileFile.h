@@ -11,10 +11,10 @@ class HostileFolder
 public:
     HostileFolder();
 
-    /// The path of a file that its format's reader reads.
+    /// The path of a file for the reader of a format.
     QString path(Format format, const QString &name = QStringLiteral("hostile.xml")) const;
 
-    /// Writes a file, over the one that was there.
+    /// Writes a file, replacing the previous one.
     /// @return its path
     QString write(Format format, const QByteArray &content) const;
 

@@ -51,7 +51,7 @@ void LimitedProcess::setupChildProcess()
     }
     limit(RLIMIT_CORE, 0);
 #ifndef TOBRIX_TEST_SANITIZED
-    // Libraries, stacks and arenas take address space as well. Sanitizers take nearly all that there is.
+    // Libraries, stacks and arenas use address space as well. Sanitizers reserve nearly all of it.
     constexpr double ownSpace = 1024;
     limit(RLIMIT_AS, (m_bounds.memory * 2 + ownSpace) * 1024 * 1024);
     limit(RLIMIT_CPU, m_bounds.cpu * 2 + 5);

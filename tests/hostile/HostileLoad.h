@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What a file of some size may cost.
+/// The bounds for loading a file of some size.
 struct LoadBounds
 {
     double memory = 0; ///< MiB
@@ -14,31 +14,30 @@ struct LoadBounds
 
 LoadBounds boundsForSize(qint64 fileSize);
 
-/// On which way a file goes through the library.
+/// The way in which a file is loaded.
 enum class Way {
-    Entry,         ///< as hosts load it
-    LegacyReader,  ///< through one reader alone
-    CurrentReader, ///< through one reader alone
+    Entry,         ///< as in hosts
+    LegacyReader,  ///< by one reader only
+    CurrentReader, ///< by one reader only
     Show           ///< through "tobrix-template show"
 };
 
-/// What came of loading a file in a process of its own.
+/// The result of loading a file in a child process.
 struct HostileLoad
 {
-    QString failure; ///< what went wrong with the process, in words; empty when it told what came of the file
-    bool isRead = false; ///< to the tool: whether nothing is wrong with the file
+    QString failure;     ///< what went wrong with the process; empty when it reported a result
+    bool isRead = false; ///< for the tool: whether it reported no problem
     bool hasTemplate = false;
     bool isEmpty = false;
-    QByteArray complaint; ///< what the tool says of the file
-    double memory = 0;    ///< MiB at most
+    QByteArray complaint; ///< the message of the tool
+    double memory = 0;    ///< peak, in MiB
     double cpu = 0;       ///< seconds
 };
 
-/// Loads a file in a process of its own, which is stopped where it goes far beyond the bounds.
+/// Loads a file in a child process, which is killed far beyond the bounds.
 HostileLoad loadInChild(const QString &path, const LoadBounds &bounds, Way way = Way::Entry);
 
-/// What a load has cost too much, in words; empty when it kept within the bounds. Nothing is too much for the
-/// sanitizers.
+/// The exceeded bounds of a load, in words; empty when there are none. Bounds do not apply with sanitizers.
 QString excessOf(const HostileLoad &load, const LoadBounds &bounds);
 
 /// A process under limits, without the rights of root.
@@ -47,7 +46,7 @@ class LimitedProcess : public QProcess
 public:
     explicit LimitedProcess(const LoadBounds &bounds) : m_bounds(bounds) {}
 
-    /// What came of loading; waits for it.
+    /// The result of loading; waits for it.
     HostileLoad takeLoad();
 
 protected:

@@ -1,4 +1,4 @@
-// Whether a process that runs away would be seen.
+// The measurement detects a process that exceeds its bounds.
 
 #include "HostileLoad.h"
 

@@ -25,14 +25,14 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr int lowest = std::numeric_limits<int>::min();
 constexpr int highest = std::numeric_limits<int>::max();
 
-/// A text that somebody took for a number, and what it is as each kind of number.
+/// A text in a numeric field, and its value as each kind of number.
 struct NumberText
 {
     const char *name;
     const char *text; ///< in UTF-8
     int whole;
     double real;
-    int saturated; ///< the real number as a whole one
+    int saturated; ///< the real number, saturated to an int
 };
 
 const NumberText numberTexts[] = {
@@ -58,7 +58,7 @@ const NumberText numberTexts[] = {
     {"huge exponent", "1e999", 0, infinity, highest},
     {"huge exponent of a negative number", "-1e999", 0, -infinity, lowest},
     {"huge exponent below zero", "1e-999", 0, 0.0, 0},
-    {"exponent past all bounds", "1e99999999999999999999", 0, infinity, highest},
+    {"exponent out of range", "1e99999999999999999999", 0, infinity, highest},
     {"largest", "1.7976931348623157e308", 0, 1.7976931348623157e308, highest},
     {"smallest", "5e-324", 0, 5e-324, 0},
     {"exponent without number", "e5", 0, 0.0, 0},
@@ -72,7 +72,7 @@ const NumberText numberTexts[] = {
     {"hexadecimal with exponent", "0x1p3", 0, 0.0, 0},
     {"octal", "010", 10, 10.0, 10},
     {"binary", "0b101", 0, 0.0, 0},
-    {"letters behind", "12abc", 0, 0.0, 0},
+    {"trailing letters", "12abc", 0, 0.0, 0},
     {"letters in front", "abc12", 0, 0.0, 0},
     {"blanks around", "  42  ", 42, 42.0, 42},
     {"line ends around", "\n42\t", 42, 42.0, 42},
@@ -92,7 +92,7 @@ const NumberText numberTexts[] = {
     {"word", "forty-two", 0, 0.0, 0},
 };
 
-/// The same number: as NaN is none that equals itself, and zero one that equals its negative.
+/// Equal numbers, with NaN equal to itself and zero different from negative zero.
 bool isSame(double a, double b)
 {
     return std::isnan(b) ? std::isnan(a) : a == b && std::signbit(a) == std::signbit(b);
@@ -108,7 +108,7 @@ Template loaded(const HostileFolder &folder, Format format, const QByteArray &bo
     return Template(result);
 }
 
-/// A column of one data type with a text in all places for numbers.
+/// A column of one data type with a text in all numeric fields.
 QByteArray column(Format format, const QByteArray &type, const QByteArray &text)
 {
     if (format == Format::Legacy) {
@@ -176,8 +176,7 @@ void HostileNumbersTest::addRows()
     }
 }
 
-// The empty text is no number, but an attribute that is there; an empty element has no text at all, and
-// leaves its field as it was.
+// An empty attribute is present, but no number; an empty element has no text, and leaves its field unchanged.
 #define FETCH_NUMBER                                                                                         \
     QFETCH(Format, format);                                                                                  \
     QFETCH(int, index);                                                                                      \
@@ -273,28 +272,29 @@ void HostileNumbersTest::boundThatIsNoNumberSortsBehindAllNumbers_data()
 void HostileNumbersTest::boundThatIsNoNumberSortsBehindAllNumbers()
 {
     QFETCH(Format, format);
-    // So many that a sort with an order that is none would leave its bounds.
-    QByteArray bands;
+    // Enough for a sort to leave its bounds without a strict weak ordering.
+    QByteArray legendClasses;
     for (int i = 0; i < 200; ++i) {
         static const QByteArray bounds[] = {"nan", "3", "inf", "-inf", "nan", "1e300", "-1e300", "0"};
         const QByteArray &bound = bounds[i * 5 % 8];
-        bands += format == Format::Legacy ? "<class numberFrom='" + bound + "'/>"
-                                          : "<ClassificationColor From='" + bound + "'/>";
+        legendClasses += format == Format::Legacy ? "<class numberFrom='" + bound + "'/>"
+                                                  : "<ClassificationColor From='" + bound + "'/>";
     }
     const QByteArray body = format == Format::Legacy
-                                ? "<LegendOfClassification>" + bands + "</LegendOfClassification>"
+                                ? "<LegendOfClassification>" + legendClasses + "</LegendOfClassification>"
                                 : "<ClassificationColorScopes><ClassificationColorScope "
                                   "Name='ClassColorDefault' Scope='Section'>" +
-                                      bands + "</ClassificationColorScope></ClassificationColorScopes>";
+                                      legendClasses +
+                                      "</ClassificationColorScope></ClassificationColorScopes>";
     const Template from = loaded(m_folder, format, body);
     QVERIFY(from);
     const auto legend = from->getLegendOfClassification(false);
     QCOMPARE(legend.size(), 200);
     for (int i = 1; i < legend.size(); ++i) {
         const double before = legend[i - 1].numberFrom;
-        const double behind = legend[i].numberFrom;
-        QVERIFY2(std::isnan(behind) || before <= behind,
-                 qPrintable(QStringLiteral("%1, %2").arg(before).arg(behind)));
+        const double after = legend[i].numberFrom;
+        QVERIFY2(std::isnan(after) || before <= after,
+                 qPrintable(QStringLiteral("%1, %2").arg(before).arg(after)));
     }
     QVERIFY(std::isnan(legend.last().numberFrom));
 }

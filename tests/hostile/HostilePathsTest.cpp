@@ -22,7 +22,7 @@
 
 using namespace Tobrix::Templates;
 
-/// What a process may be given as a path, made where the path says.
+/// A kind of path that a process may get, created on disk.
 enum class Place {
     Existing,
     Directory,
@@ -239,12 +239,12 @@ void HostilePathsTest::pathThatIsNotUtf8IsNotRead()
     const QString valid = folder.write(format, document(format, "<a/>"));
     const QByteArray invalid = QFile::encodeName(valid) + "\xff\xfe.xml";
     QCOMPARE(::rename(QFile::encodeName(valid).constData(), invalid.constData()), 0);
-    // Such a path reaches the program through the shell alone: Qt's own processes encode what they pass on.
+    // Such a path can only be passed by a shell: Qt encodes the arguments of processes.
     LimitedProcess process(smallBounds);
     process.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("exec \"$0\" \"$1\"*"),
                                               QStringLiteral(TOBRIX_HOSTILE_LOAD), valid});
     const HostileLoad load = process.takeLoad();
-    // Temporary folders do not find it to remove it.
+    // A temporary folder does not find it when it is removed.
     QCOMPARE(::unlink(invalid.constData()), 0);
     QVERIFY2(load.failure.isEmpty(), qPrintable(load.failure));
     QVERIFY(!load.isRead);
@@ -303,7 +303,7 @@ void HostilePathsTest::pathThatChangesDoesNotHang_data()
     addFormats();
 }
 
-/// A pipe takes the place of a file between a look at it and its opening.
+/// A pipe replaces a file after it was checked and before it is opened.
 void HostilePathsTest::pathThatChangesDoesNotHang()
 {
     QFETCH(Format, format);
@@ -334,7 +334,7 @@ void HostilePathsTest::pathThatChangesDoesNotHang()
 
 int main(int argc, char *argv[])
 {
-    // File names are UTF-8 here, also where the tests run without a locale.
+    // File names are UTF-8 here, even when the tests run without a locale.
     qputenv("LC_ALL", "C.UTF-8");
     Tobrix::Standalone::StandaloneHost::instance().setLogSink([](int, const QString &, const QString &) {});
     QCoreApplication application(argc, argv);

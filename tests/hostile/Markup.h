@@ -4,19 +4,19 @@
 
 enum class Format { Legacy, Current };
 
-/// A text, over and over.
+/// A text, repeated.
 inline QByteArray repeated(const QByteArray &text, int times)
 {
     return text.repeated(times);
 }
 
-/// Elements of one name in each other, around a text.
+/// Nested elements of one name, around a text.
 inline QByteArray nested(const QByteArray &name, int depth, const QByteArray &inner = QByteArray())
 {
     return repeated('<' + name + '>', depth) + inner + repeated("</" + name + '>', depth);
 }
 
-/// A numbered text, once for every number from 0 on.
+/// A text with a number, repeated for the numbers from 0.
 template <typename ToText>
 QByteArray numbered(int count, ToText toText)
 {
@@ -27,7 +27,7 @@ QByteArray numbered(int count, ToText toText)
     return text;
 }
 
-/// A document that gives a template with a key, with more inside of its root.
+/// A document of a template with a key, and further content in its root.
 inline QByteArray document(Format format, const QByteArray &body, const QByteArray &prolog = QByteArray())
 {
     return format == Format::Legacy

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// A text that a parser keeps in pieces, so that whoever asks for it has to put it together.
+/// A text that a parser keeps in several nodes, so that each reader has to join them.
 QByteArray textInPieces(int size)
 {
     return repeated("x", size / 2) + "<!---->" + repeated("x", size / 2);
@@ -15,7 +15,7 @@ void add(Attacks &attacks, const QByteArray &name, Outcome outcome, const std::f
     attacks.push_back({name, outcome, [=] { return document(Format::Current, body()); }, Format::Current});
 }
 
-/// Elements of several names in each other, over and over, around a text.
+/// Nested elements of several names in turn, around a text.
 QByteArray enclosed(int times, const QList<QByteArray> &names, const QByteArray &text)
 {
     QByteArray begin;
@@ -32,13 +32,13 @@ QByteArray columnTexts(const QByteArray &text)
     return "<Caption><ToolTip><TextItem>" + text + "</TextItem></ToolTip></Caption>";
 }
 
-QByteArray legends(const QByteArray &bands)
+QByteArray legends(const QByteArray &legendClasses)
 {
     return "<ClassificationColorScopes><ClassificationColorScope Name='ClassColorDefault' Scope='Section'>" +
-           bands + "</ClassificationColorScope></ClassificationColorScopes>";
+           legendClasses + "</ClassificationColorScope></ClassificationColorScopes>";
 }
 
-// There is room for what they hold, and what that holds, and the root.
+// Leaves levels for the content, for the elements in it, and for the root.
 constexpr int containers = Limits::depth - 8;
 static_assert(containers >= 20, "there would be little to multiply");
 
@@ -53,9 +53,9 @@ void addCounts(Attacks &attacks)
         [] { return nested("View", 20, repeated("<Column/>", 100'000)); });
     add(attacks, "lists around 50,000 items", Outcome::Refused,
         [] { return nested("ValueList", containers, repeated("<ValueListItem/>", 50'000)); });
-    add(attacks, "items in each other, 10,000 times", Outcome::Refused,
+    add(attacks, "nested items, 10,000 times", Outcome::Refused,
         [] { return nested("ValueList", 1, repeated(nested("ValueListItem", containers), 10'000)); });
-    add(attacks, "scopes around 50,000 bands", Outcome::Refused, [] {
+    add(attacks, "scopes around 50,000 legend classes", Outcome::Refused, [] {
         return "<ClassificationColorScopes>" +
                repeated("<ClassificationColorScope Name='ClassColorDefault' Scope='Section'>", containers) +
                repeated("<ClassificationColor/>", 50'000) +
@@ -100,15 +100,15 @@ void addTexts(Attacks &attacks)
                       nested("ValueListItem", containers,
                              "<Captions><TextItem>" + textInPieces(size) + "</TextItem></Captions>"));
     });
-    add(attacks, "bands around one text", Outcome::Read, [] {
+    add(attacks, "legend classes around one text", Outcome::Read, [] {
         return legends(
             nested("ClassificationColor", containers,
                    "<TextA><TextB><TextItem>" + textInPieces(size) + "</TextItem></TextB></TextA>"));
     });
-    add(attacks, "texts of columns in each other", Outcome::Read, [] {
+    add(attacks, "texts of nested columns", Outcome::Read, [] {
         return enclosed(deepestBelowRoot / 3, {"Column", "Caption", "TextItem"}, textInPieces(size));
     });
-    add(attacks, "two texts of columns in each other", Outcome::Read, [] {
+    add(attacks, "two texts of nested columns", Outcome::Read, [] {
         return enclosed(deepestBelowRoot / 5, {"Column", "Caption", "TextItem", "ToolTip", "TextItem"},
                         textInPieces(size));
     });

@@ -63,7 +63,7 @@ void addKinds(Attacks &attacks)
         {"TextItem", Format::Current},  {"DefaultValueScope", Format::Current},
     };
     for (const auto &kind : kinds) {
-        attacks.push_back({QByteArray(kind.name) + " in each other", Outcome::Refused,
+        attacks.push_back({"nested " + QByteArray(kind.name), Outcome::Refused,
                            [=] { return document(kind.format, nested(kind.name, 20'000)); }, kind.format});
     }
 }
@@ -81,7 +81,7 @@ void addLimit(Attacks &attacks)
     });
 }
 
-/// What looks like an end tag, or hides start tags, for those who read in a hurry.
+/// Constructs that look like end tags, or hide start tags, from a simple scanner.
 void addDisguises(Attacks &attacks)
 {
     static const struct

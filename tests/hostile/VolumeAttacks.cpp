@@ -16,7 +16,7 @@ void addHuge(Attacks &attacks)
     {
         const char *name;
         QByteArray before;
-        QByteArray behind;
+        QByteArray after;
     } kinds[] = {
         {"attribute value", "<a b='", "'/>"},
         {"text", "<a>", "</a>"},
@@ -26,10 +26,10 @@ void addHuge(Attacks &attacks)
     };
     for (const auto &kind : kinds) {
         addForBoth(attacks, QByteArray(kind.name) + " of 20 MB", Outcome::Read, [=](Format format) {
-            return document(format, kind.before + repeated("x", huge) + kind.behind);
+            return document(format, kind.before + repeated("x", huge) + kind.after);
         });
     }
-    // One parser has a limit of its own for names.
+    // One parser has its own limit for names.
     for (const auto &around : {Pair("<", "/>"), Pair("<a ", "=''/>")}) {
         const auto text = [=](Format format) {
             return document(format, around.first + repeated("x", huge) + around.second);
@@ -57,7 +57,7 @@ void addHuge(Attacks &attacks)
                        Format::Legacy});
 }
 
-/// The smallest of everything that a parser makes an object of.
+/// The smallest markup of everything that a parser creates an object for.
 void addSmall(Attacks &attacks)
 {
     static const QByteArray kinds[] = {
@@ -83,16 +83,16 @@ void addSmall(Attacks &attacks)
         addForBoth(attacks, kind + " over and over", Outcome::Read,
                    [=](Format format) { return document(format, repeated(kind, 1'000'000 / kind.size())); });
     }
-    // There may be fewer of these.
+    // Limited to a smaller number.
     attacks.push_back({"<View/> over and over", Outcome::Refused,
                        [] { return document(Format::Current, repeated("<View/>", 150'000)); },
                        Format::Current});
-    // No parser knows this entity.
+    // An undeclared entity.
     attacks.push_back({"unknown entities over and over, current", Outcome::Read,
                        [] { return document(Format::Current, repeated("x&a;", 250'000)); }, Format::Current});
     attacks.push_back({"unknown entities over and over, legacy", Outcome::Broken,
                        [] { return document(Format::Legacy, repeated("x&a;", 250'000)); }, Format::Legacy});
-    // As big as it takes to see that memory grows with the file, whatever there is at first.
+    // Large enough that the growth of memory is visible.
     for (const auto &kind : {QByteArray("<a/>"), QByteArray("<a b=''/>"), QByteArray("x<!---->")}) {
         addForBoth(attacks, "4 MB of " + kind, Outcome::Read,
                    [=](Format format) { return document(format, repeated(kind, 4'000'000 / kind.size())); });
@@ -131,7 +131,7 @@ void addCounted(Attacks &attacks, Format format, const QByteArray &formatName,
     }
 }
 
-/// What a template may have at most, all at once.
+/// The maximum of everything in one template.
 void addFull(Attacks &attacks)
 {
     const auto columns = [](const QByteArray &column) {

@@ -1,7 +1,7 @@
-// Loads one template file the way a host's worker thread would, and says what came of it and what it cost:
+// Loads one template file as a host's worker thread would, and prints the result and its cost:
 //     hostile_load [--legacy | --current] FILE
-// With an option the file goes through one of the readers alone, whatever format its path stands for.
-// A process of its own for every file, so that one that takes its process down takes nothing else with it.
+// An option selects one reader, whatever the path of the file. Every file is loaded in its own process, so
+// that a crash affects no other one.
 
 #include "format_current/NewTemplateXMLReader.h"
 #include "format_legacy/CTemplateXMLReader.h"
@@ -26,14 +26,13 @@ using namespace Tobrix::Templates;
 namespace {
 
 #ifdef TOBRIX_TEST_SANITIZED
-// The sanitizers surround every variable of an instrumented function, and their own interceptors and leak
-// check run on the same stack.
+// Sanitizers enlarge the stack frames, and run their interceptors and leak check on the same stack.
 constexpr std::size_t stackSize = 2 * 1024 * 1024;
 #else
 constexpr std::size_t stackSize = 256 * 1024;
 #endif
 
-/// What came of a file.
+/// The result of a file.
 struct Loading
 {
     QString path;
@@ -95,8 +94,7 @@ double cpuSeconds()
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-/// The most memory that the process has held at once, in KiB. The figure of getrusage() would still be that
-/// of the process that started this one.
+/// The peak memory of the process, in KiB. getrusage() would include that of the parent process.
 long peakMemory()
 {
     const std::unique_ptr<std::FILE, int (*)(std::FILE *)> status(std::fopen("/proc/self/status", "r"),
@@ -126,7 +124,7 @@ int main(int argc, char *argv[])
     }
     Tobrix::Standalone::StandaloneHost::instance().setLogSink([](int, const QString &, const QString &) {});
     loading.path = QFile::decodeName(argv[argc - 1]);
-    // For those who watch the process from outside: what it touches from here on, it touches for the file.
+    // A mark for tracers: everything accessed after it is accessed for the file.
     ::access("/hostile_load begins", F_OK);
     if (!runOnThread(loading)) {
         std::fputs("hostile_load: there is no thread to load on\n", stderr);

@@ -1,7 +1,6 @@
-// Runs a program without its output, and says how it ended and what it cost:
+// Runs a program without its output, and prints its exit status and cost:
 //     measured_run PROGRAM [ARGUMENT]...
-// What the system says of a child's memory begins with that of the process that started it: this one is
-// small.
+// A child's peak memory includes that of its parent, so this process is kept small.
 
 #include <cstdio>
 #include <cstdlib>

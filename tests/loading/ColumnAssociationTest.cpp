@@ -1,4 +1,4 @@
-// Legacy columns on their way to their views.
+// Attaching legacy columns to their views.
 
 #include "support/CountedColumn.h"
 
@@ -20,7 +20,7 @@ std::unique_ptr<CCatalogTemplate> build(CTemplateRawData &rawData)
     return std::unique_ptr<CCatalogTemplate>(CTemplateBuilder().buildTemplate(rawData, false));
 }
 
-/// Files a view under an id and gives it another as its own: only the former counts.
+/// Adds a view under an id that differs from its own: only the former counts.
 CProgramView *addView(CTemplateRawData &rawData, const QString &id)
 {
     auto view = std::make_unique<CProgramView>();
@@ -172,7 +172,7 @@ void ColumnAssociationTest::unknownViewFails_data()
 {
     QTest::addColumn<QString>("viewRef");
     QTest::newRow("before the known one") << QStringLiteral("a");
-    QTest::newRow("behind the known one") << QStringLiteral("z");
+    QTest::newRow("after the known one") << QStringLiteral("z");
     QTest::newRow("no reference") << QString();
     QTest::newRow("the view's own id") << QStringLiteral("own id of m");
     QTest::newRow("the view's key") << QStringLiteral("key of m");

@@ -1,4 +1,4 @@
-// Typed columns made of column records.
+// Typed columns built from column records.
 
 #include "support/ColumnProperties.h"
 #include "support/RecordProperties.h"
@@ -45,7 +45,7 @@ struct DefaultRow
     const char *name;
     CTemplateColumn::ColumnType type;
     QString text;
-    QVariant value; ///< What the text becomes; invalid for no default value.
+    QVariant value; ///< The converted text; invalid for no default value.
 };
 
 const std::vector<DefaultRow> &defaultRows()
@@ -66,7 +66,7 @@ const std::vector<DefaultRow> &defaultRows()
         {"integer: zero", Column::Integer, text("0"), 0},
         {"integer: leading zero is decimal", Column::Integer, text("010"), 10},
         {"integer: hexadecimal", Column::Integer, text("0x10"), 0},
-        {"integer: letters behind", Column::Integer, text("12abc"), 0},
+        {"integer: trailing letters", Column::Integer, text("12abc"), 0},
         {"integer: decimal places", Column::Integer, text("1.5"), 0},
         {"integer: words", Column::Integer, text("many"), 0},
         {"integer: blank", Column::Integer, text(" "), 0},
@@ -162,7 +162,7 @@ void ColumnBuildingTest::fieldOfTheRecordReachesItsProperty_data()
     for (const auto &kind : columnKinds()) {
         for (std::size_t i = 0; i < properties.size(); ++i) {
             const QString name = QLatin1String(properties[i].name);
-            // The type selects the class; what becomes of default values has tests of its own.
+            // The type selects the class; default values are tested separately.
             if (name != QLatin1String("columnType") && name != QLatin1String("defaultValue")) {
                 QTest::addRow("%s column: %s", kind.name, properties[i].name)
                     << static_cast<int>(kind.type) << static_cast<int>(i);

@@ -1,4 +1,4 @@
-// A host that has not started yet, has no registry, or has one: this program is the host itself.
+// A host that has not started, has no registry, or has one: this program is the host itself.
 
 #include "host/CCatalogDescriptor.h"
 #include "host/CCatalogTemplateRegistry.h"
@@ -22,7 +22,7 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-/// What the host has, and what it was asked.
+/// The state of the host, and the requests to it.
 struct Host
 {
     bool hasApplication = false;

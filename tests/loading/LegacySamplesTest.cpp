@@ -1,4 +1,4 @@
-// The bundled legacy templates: believable, and with everything that the format knows.
+// The bundled legacy templates: realistic, and with all elements of the format.
 
 #include "support/LegacyNames.h"
 #include "support/RecordedLog.h"

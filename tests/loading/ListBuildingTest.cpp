@@ -1,4 +1,4 @@
-// Value-list items gathered into the lists of a template.
+// Items grouped into the value lists of a template.
 
 #include "support/TextWitness.h"
 
@@ -20,7 +20,7 @@ std::unique_ptr<CCatalogTemplate> build(CTemplateRawData &rawData)
     return std::unique_ptr<CCatalogTemplate>(CTemplateBuilder().buildTemplate(rawData, true));
 }
 
-/// Files items in the given order, which is the reverse of the map's.
+/// Adds items in the given order, which is the reverse of the map's.
 void addItems(CTemplateRawData &rawData, const QString &listName, const QList<int> &sortOrders)
 {
     for (const int sortOrder : sortOrders) {

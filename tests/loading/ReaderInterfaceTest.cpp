@@ -1,4 +1,4 @@
-// What the way in relies on when it holds a reader by its interface alone.
+// Readers used through their common interface, as the entry point does.
 
 #include "support/OpenFiles.h"
 #include "support/TemporaryTemplate.h"
@@ -46,7 +46,7 @@ void ReaderInterfaceTest::deletingThroughTheInterfaceDeletesTheReader()
     CTemplateRawData rawData;
     std::unique_ptr<AbstractTemplateXmlReader> reader = std::make_unique<CTemplateXMLReader>();
     QVERIFY(reader->readFile(file.path(), rawData));
-    // The legacy reader closes its file only when it is deleted itself.
+    // The legacy reader closes its file only when it is deleted.
     QCOMPARE(openDescriptorsOf(file.path()), 1);
     reader.reset();
     QCOMPARE(openDescriptorsOf(file.path()), 0);

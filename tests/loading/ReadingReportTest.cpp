@@ -1,4 +1,4 @@
-// What a host is told about a file: outcome, place and words.
+// The reports on files: outcome, place and message.
 
 #include "support/RecordedLog.h"
 #include "support/TemporaryTemplate.h"
@@ -29,7 +29,7 @@ const QString legacyFolder = QStringLiteral("templates");
 const QString currentFolder = QStringLiteral("templates_new");
 const auto noFlags = CTemplateReader::ReaderFlags();
 
-/// What a call of the entry gives.
+/// The result of a call of the entry point.
 struct Loading
 {
     explicit Loading(const QString &path, CTemplateReader::ReaderFlags flags = noFlags)
@@ -101,7 +101,7 @@ void ReadingReportTest::contentIsReported_data()
     loaded("a legend class", legacyFolder,
            legacyDocument("<LegendOfClassification><class/></LegendOfClassification>"));
 
-    // The parsers get a document type only when it is known to be within the limits.
+    // The parsers get a document type only after it was checked against the limits.
     const QByteArray documentType = "<!DOCTYPE a [\n<!--" + QByteArray(12'000, 'x') + "-->]>";
     loaded("a long document type", legacyFolder,
            documentType + "<TXSYS><PROGVIEW><PV_PK>v</PV_PK></PROGVIEW></TXSYS>");

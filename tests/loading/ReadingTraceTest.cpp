@@ -1,5 +1,5 @@
-// What the readers report while they read. The traces of the examples stand in full, those of the samples as
-// a summary: traces/<folder>-<file>.txt.
+// The calls of an observer while files are read. The traces of the examples are complete, those of the
+// samples are summaries: traces/<folder>-<file>.txt.
 
 #include "support/ReadingTrace.h"
 
@@ -74,7 +74,7 @@ QByteArray inLines(const QStringList &lines)
     return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
 }
 
-/// Writes what is expected anew and prints the names of the files that changed: somebody has to review them.
+/// Updates the expected traces and prints the names of changed files for review.
 int writeExpectedFiles()
 {
     for (const auto &traced : tracedDocuments) {

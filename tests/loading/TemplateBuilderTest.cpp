@@ -1,4 +1,4 @@
-// The pipeline from raw record to template. Its stages for columns and lists have tests of their own.
+// From raw record to template. Columns and lists are tested separately.
 
 #include "support/CountedColumn.h"
 #include "support/RecordProperties.h"
@@ -31,24 +31,24 @@ CProgramView *viewOf(const QString &uniqueId, const QList<CTemplateColumn *> &co
     return view.release();
 }
 
-CTemplateLegendDataItem bandOf(const QString &id, double numberFrom)
+CTemplateLegendDataItem legendClassOf(const QString &id, double numberFrom)
 {
-    CTemplateLegendDataItem band;
-    band.id = id;
-    band.numberFrom = numberFrom;
-    return band;
+    CTemplateLegendDataItem legendClass;
+    legendClass.id = id;
+    legendClass.numberFrom = numberFrom;
+    return legendClass;
 }
 
 QStringList idsOf(const QList<CTemplateLegendDataItem> &legend)
 {
     QStringList ids;
-    for (const auto &band : legend) {
-        ids.append(band.id);
+    for (const auto &legendClass : legend) {
+        ids.append(legendClass.id);
     }
     return ids;
 }
 
-/// The header of a template under the names that the raw record has for it.
+/// The header of a template, by the names of the raw record.
 QVariantMap headerOf(const CCatalogTemplate &catalogTemplate)
 {
     return {{QStringLiteral("uniqueId"), catalogTemplate.uniqueId()},
@@ -126,8 +126,8 @@ void TemplateBuilderTest::headerAndLegendsStayInTheRecord()
         property.set(rawData, property.sample);
         expected.insert(QLatin1String(property.name), property.sample);
     }
-    rawData.legendA = {bandOf(QStringLiteral("2"), 2), bandOf(QStringLiteral("1"), 1)};
-    rawData.legendB = {bandOf(QStringLiteral("3"), 3)};
+    rawData.legendA = {legendClassOf(QStringLiteral("2"), 2), legendClassOf(QStringLiteral("1"), 1)};
+    rawData.legendB = {legendClassOf(QStringLiteral("3"), 3)};
     QVERIFY(build(rawData, false));
     COMPARE_VALUES(valuesOf<CTemplateBaseData>(rawData, headerProperties()), expected);
     QCOMPARE(idsOf(rawData.legendA), (QStringList{QStringLiteral("2"), QStringLiteral("1")}));
@@ -137,8 +137,8 @@ void TemplateBuilderTest::headerAndLegendsStayInTheRecord()
 void TemplateBuilderTest::legendsAreTakenInTheirOrderAndSorted()
 {
     CTemplateRawData rawData;
-    rawData.legendA = {bandOf(QStringLiteral("A2"), 2), bandOf(QStringLiteral("A1"), 1)};
-    rawData.legendB = {bandOf(QStringLiteral("B9"), 9), bandOf(QStringLiteral("B0"), 0)};
+    rawData.legendA = {legendClassOf(QStringLiteral("A2"), 2), legendClassOf(QStringLiteral("A1"), 1)};
+    rawData.legendB = {legendClassOf(QStringLiteral("B9"), 9), legendClassOf(QStringLiteral("B0"), 0)};
     const auto catalogTemplate = build(rawData, true);
     QCOMPARE(idsOf(catalogTemplate->getLegendOfClassification(false)),
              (QStringList{QStringLiteral("A1"), QStringLiteral("A2")}));

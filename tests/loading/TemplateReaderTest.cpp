@@ -1,4 +1,4 @@
-// The way in: path, flags, log, type and failures. What the formats hold is the business of their own tests.
+// The entry point: path, flags, log, type and failures. The formats are tested separately.
 
 #include "support/OpenFiles.h"
 #include "support/RecordedLog.h"
@@ -33,7 +33,7 @@ const LogLine newVersion = {
 
 const auto noFlags = CTemplateReader::ReaderFlags();
 
-/// Says its format in its key, whichever of the two it is read as.
+/// A file with the name of its format as key, in both formats.
 QByteArray documentOfBothFormats()
 {
     return "<TobrixTemplate><SYSTPL><TPL_PK>{id}</TPL_PK><TPL_Key>legacy</TPL_Key></SYSTPL>"
@@ -103,7 +103,7 @@ void TemplateReaderTest::formatIsChosenByThePath_data()
     QTest::newRow("TEMPLATES_NEW") << QStringLiteral("TEMPLATES_NEW") << false;
     QTest::newRow("Templates_new") << QStringLiteral("Templates_new") << false;
     QTest::newRow("longer name that starts so") << QStringLiteral("templates_new2") << false;
-    QTest::newRow("backslash behind it") << QStringLiteral("templates_new\\a") << false;
+    QTest::newRow("backslash after it") << QStringLiteral("templates_new\\a") << false;
     QTest::newRow("blank in it") << QStringLiteral("templates new") << false;
 }
 

@@ -66,27 +66,27 @@ CListItem *itemOf(const QString &caption)
     return item.release();
 }
 
-CTemplateLegendDataItem bandFrom(double numberFrom)
+CTemplateLegendDataItem legendClassFrom(double numberFrom)
 {
-    CTemplateLegendDataItem band;
-    band.numberFrom = numberFrom;
-    return band;
+    CTemplateLegendDataItem legendClass;
+    legendClass.numberFrom = numberFrom;
+    return legendClass;
 }
 
-QList<CTemplateLegendDataItem> bandsFrom(const QList<double> &bounds)
+QList<CTemplateLegendDataItem> legendClassesFrom(const QList<double> &bounds)
 {
-    QList<CTemplateLegendDataItem> bands;
+    QList<CTemplateLegendDataItem> legendClasses;
     for (const double bound : bounds) {
-        bands.append(bandFrom(bound));
+        legendClasses.append(legendClassFrom(bound));
     }
-    return bands;
+    return legendClasses;
 }
 
-QList<double> boundsOf(const QList<CTemplateLegendDataItem> &bands)
+QList<double> boundsOf(const QList<CTemplateLegendDataItem> &legendClasses)
 {
     QList<double> bounds;
-    for (const auto &band : bands) {
-        bounds.append(band.numberFrom);
+    for (const auto &legendClass : legendClasses) {
+        bounds.append(legendClass.numberFrom);
     }
     return bounds;
 }
@@ -129,7 +129,7 @@ private Q_SLOTS:
     void boundThatIsNoNumberGoesBehindAllNumbers();
     void legendsAreNotMixedUp();
     void legendsAreReplaced();
-    void legendItemsAreSortedWhole();
+    void legendClassesAreSortedWhole();
 
     void deletingTheTemplateDeletesViewsColumnsAndItems();
 };
@@ -393,10 +393,10 @@ void CatalogTemplateTest::legendsAreSortedByLowerBound()
     QFETCH(QList<double>, given);
     QFETCH(QList<double>, sorted);
     CCatalogTemplate sections;
-    sections.setLegendOfClassification(bandsFrom(given), {});
+    sections.setLegendOfClassification(legendClassesFrom(given), {});
     QCOMPARE(boundsOf(sections.getLegendOfClassification(false)), sorted);
     CCatalogTemplate laterals;
-    laterals.setLegendOfClassification({}, bandsFrom(given));
+    laterals.setLegendOfClassification({}, legendClassesFrom(given));
     QCOMPARE(boundsOf(laterals.getLegendOfClassification(true)), sorted);
 }
 
@@ -404,7 +404,7 @@ void CatalogTemplateTest::boundThatIsNoNumberGoesBehindAllNumbers()
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     CCatalogTemplate catalogTemplate;
-    catalogTemplate.setLegendOfClassification(bandsFrom({3, nan, 2, nan, 1}), {});
+    catalogTemplate.setLegendOfClassification(legendClassesFrom({3, nan, 2, nan, 1}), {});
     const QList<double> bounds = boundsOf(catalogTemplate.getLegendOfClassification(false));
     QCOMPARE(bounds.size(), 5);
     QCOMPARE(bounds.mid(0, 3), (QList<double>{1, 2, 3}));
@@ -414,7 +414,7 @@ void CatalogTemplateTest::boundThatIsNoNumberGoesBehindAllNumbers()
 void CatalogTemplateTest::legendsAreNotMixedUp()
 {
     CCatalogTemplate catalogTemplate;
-    catalogTemplate.setLegendOfClassification(bandsFrom({1}), bandsFrom({2, 3}));
+    catalogTemplate.setLegendOfClassification(legendClassesFrom({1}), legendClassesFrom({2, 3}));
     QCOMPARE(boundsOf(catalogTemplate.getLegendOfClassification(false)), QList<double>{1});
     QCOMPARE(boundsOf(catalogTemplate.getLegendOfClassification(true)), (QList<double>{2, 3}));
 }
@@ -422,13 +422,13 @@ void CatalogTemplateTest::legendsAreNotMixedUp()
 void CatalogTemplateTest::legendsAreReplaced()
 {
     CCatalogTemplate catalogTemplate;
-    catalogTemplate.setLegendOfClassification(bandsFrom({1}), bandsFrom({2}));
-    catalogTemplate.setLegendOfClassification(bandsFrom({5, 4}), {});
+    catalogTemplate.setLegendOfClassification(legendClassesFrom({1}), legendClassesFrom({2}));
+    catalogTemplate.setLegendOfClassification(legendClassesFrom({5, 4}), {});
     QCOMPARE(boundsOf(catalogTemplate.getLegendOfClassification(false)), (QList<double>{4, 5}));
     QCOMPARE(boundsOf(catalogTemplate.getLegendOfClassification(true)), QList<double>{});
 }
 
-void CatalogTemplateTest::legendItemsAreSortedWhole()
+void CatalogTemplateTest::legendClassesAreSortedWhole()
 {
     CTemplateLegendDataItem high;
     high.id = QStringLiteral("high");
@@ -438,7 +438,7 @@ void CatalogTemplateTest::legendItemsAreSortedWhole()
     high.textA = QStringLiteral("bad");
     high.textB = QStringLiteral("very bad");
     CCatalogTemplate catalogTemplate;
-    catalogTemplate.setLegendOfClassification({high, bandFrom(1)}, {});
+    catalogTemplate.setLegendOfClassification({high, legendClassFrom(1)}, {});
     const auto legend = catalogTemplate.getLegendOfClassification(false);
     QCOMPARE(legend.size(), 2);
     const CTemplateLegendDataItem last = legend.last();

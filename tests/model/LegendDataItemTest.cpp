@@ -15,7 +15,7 @@ static_assert(std::is_same_v<decltype(&CTemplateLegendDataItem::operator==),
 
 namespace {
 
-CTemplateLegendDataItem band()
+CTemplateLegendDataItem legendClass()
 {
     CTemplateLegendDataItem item;
     item.id = QStringLiteral("3");
@@ -28,9 +28,9 @@ CTemplateLegendDataItem band()
 }
 
 template <typename Value>
-CTemplateLegendDataItem bandWith(Value CTemplateLegendDataItem::*field, const Value &value)
+CTemplateLegendDataItem legendClassWith(Value CTemplateLegendDataItem::*field, const Value &value)
 {
-    CTemplateLegendDataItem item = band();
+    CTemplateLegendDataItem item = legendClass();
     item.*field = value;
     return item;
 }
@@ -62,7 +62,7 @@ void LegendDataItemTest::newItemIsFromMinusOneToMinusOne()
 
 void LegendDataItemTest::itemsAreCopiedWhole()
 {
-    const CTemplateLegendDataItem original = band();
+    const CTemplateLegendDataItem original = legendClass();
     CTemplateLegendDataItem assigned;
     assigned = original;
     const CTemplateLegendDataItem copied(original);
@@ -82,24 +82,31 @@ void LegendDataItemTest::itemsAreComparedByBoundsColorAndSimplifiedCaptions_data
     const auto text = [](const char *value) { return QString(QLatin1String(value)); };
     QTest::addColumn<Item>("other");
     QTest::addColumn<bool>("equal");
-    QTest::newRow("same") << band() << true;
-    QTest::newRow("other id") << bandWith(&Item::id, text("4")) << true;
-    QTest::newRow("no id") << bandWith(&Item::id, QString()) << true;
-    QTest::newRow("other lower bound") << bandWith(&Item::numberFrom, 1.25) << false;
-    QTest::newRow("next lower bound") << bandWith(&Item::numberFrom, std::nextafter(1.5, 2.0)) << false;
-    QTest::newRow("other upper bound") << bandWith(&Item::numberTo, 3.5) << false;
-    QTest::newRow("next upper bound") << bandWith(&Item::numberTo, std::nextafter(2.5, 3.0)) << false;
-    QTest::newRow("color in other case") << bandWith(&Item::color, text("#ff8000")) << false;
-    QTest::newRow("color with blank") << bandWith(&Item::color, text("#FF8000 ")) << false;
-    QTest::newRow("first caption in other case") << bandWith(&Item::textA, text("Short term")) << false;
-    QTest::newRow("blanks around first caption") << bandWith(&Item::textA, text(" \tshort term\n")) << true;
-    QTest::newRow("blanks within first caption") << bandWith(&Item::textA, text("short \n term")) << true;
-    QTest::newRow("no blank in first caption") << bandWith(&Item::textA, text("shortterm")) << false;
-    QTest::newRow("second caption in other case") << bandWith(&Item::textB, text("Within a year")) << false;
-    QTest::newRow("blanks around second caption") << bandWith(&Item::textB, text("  within a year ")) << true;
-    QTest::newRow("blanks within second caption") << bandWith(&Item::textB, text("within  a\tyear")) << true;
+    QTest::newRow("same") << legendClass() << true;
+    QTest::newRow("other id") << legendClassWith(&Item::id, text("4")) << true;
+    QTest::newRow("no id") << legendClassWith(&Item::id, QString()) << true;
+    QTest::newRow("other lower bound") << legendClassWith(&Item::numberFrom, 1.25) << false;
+    QTest::newRow("next lower bound")
+        << legendClassWith(&Item::numberFrom, std::nextafter(1.5, 2.0)) << false;
+    QTest::newRow("other upper bound") << legendClassWith(&Item::numberTo, 3.5) << false;
+    QTest::newRow("next upper bound") << legendClassWith(&Item::numberTo, std::nextafter(2.5, 3.0)) << false;
+    QTest::newRow("color in other case") << legendClassWith(&Item::color, text("#ff8000")) << false;
+    QTest::newRow("color with blank") << legendClassWith(&Item::color, text("#FF8000 ")) << false;
+    QTest::newRow("first caption in other case")
+        << legendClassWith(&Item::textA, text("Short term")) << false;
+    QTest::newRow("blanks around first caption")
+        << legendClassWith(&Item::textA, text(" \tshort term\n")) << true;
+    QTest::newRow("blanks within first caption")
+        << legendClassWith(&Item::textA, text("short \n term")) << true;
+    QTest::newRow("no blank in first caption") << legendClassWith(&Item::textA, text("shortterm")) << false;
+    QTest::newRow("second caption in other case")
+        << legendClassWith(&Item::textB, text("Within a year")) << false;
+    QTest::newRow("blanks around second caption")
+        << legendClassWith(&Item::textB, text("  within a year ")) << true;
+    QTest::newRow("blanks within second caption")
+        << legendClassWith(&Item::textB, text("within  a\tyear")) << true;
     QTest::newRow("captions swapped") << [&] {
-        Item item = band();
+        Item item = legendClass();
         std::swap(item.textA, item.textB);
         return item;
     }() << false;
@@ -109,7 +116,7 @@ void LegendDataItemTest::itemsAreComparedByBoundsColorAndSimplifiedCaptions()
 {
     QFETCH(CTemplateLegendDataItem, other);
     QFETCH(bool, equal);
-    CTemplateLegendDataItem item = band();
+    CTemplateLegendDataItem item = legendClass();
     QCOMPARE(item == other, equal);
     QCOMPARE(other == item, equal);
 }
@@ -117,10 +124,10 @@ void LegendDataItemTest::itemsAreComparedByBoundsColorAndSimplifiedCaptions()
 void LegendDataItemTest::boundsThatAreNoNumbersAreNeverEqual()
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    CTemplateLegendDataItem item = bandWith(&CTemplateLegendDataItem::numberFrom, nan);
+    CTemplateLegendDataItem item = legendClassWith(&CTemplateLegendDataItem::numberFrom, nan);
     QVERIFY(!(item == item));
-    CTemplateLegendDataItem zero = bandWith(&CTemplateLegendDataItem::numberTo, 0.0);
-    QVERIFY(zero == bandWith(&CTemplateLegendDataItem::numberTo, -0.0));
+    CTemplateLegendDataItem zero = legendClassWith(&CTemplateLegendDataItem::numberTo, 0.0);
+    QVERIFY(zero == legendClassWith(&CTemplateLegendDataItem::numberTo, -0.0));
 }
 
 QTEST_APPLESS_MAIN(LegendDataItemTest)

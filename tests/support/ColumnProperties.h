@@ -56,7 +56,7 @@ emptyColumn(Tobrix::Templates::CTemplateColumn::ColumnType type)
     return nullptr;
 }
 
-/// What all columns have.
+/// The properties of all columns.
 inline ColumnProperties commonColumnProperties(Tobrix::Templates::CTemplateColumn::ColumnType type)
 {
     using Column = Tobrix::Templates::CTemplateColumn;
@@ -88,7 +88,7 @@ inline ColumnProperties commonColumnProperties(Tobrix::Templates::CTemplateColum
     // clang-format on
 }
 
-/// What a kind of column adds.
+/// The properties that a kind of column adds.
 inline ColumnProperties ownColumnProperties(Tobrix::Templates::CTemplateColumn::ColumnType type)
 {
     using namespace Tobrix::Templates;
@@ -119,7 +119,7 @@ inline ColumnProperties ownColumnProperties(Tobrix::Templates::CTemplateColumn::
     return {};
 }
 
-/// All that a kind of column has.
+/// All properties of a kind of column.
 inline ColumnProperties columnProperties(Tobrix::Templates::CTemplateColumn::ColumnType type)
 {
     ColumnProperties all = commonColumnProperties(type);
@@ -128,7 +128,7 @@ inline ColumnProperties columnProperties(Tobrix::Templates::CTemplateColumn::Col
     return all;
 }
 
-/// All that a column says.
+/// All values of a column's properties.
 inline QVariantMap valuesOf(const Tobrix::Templates::CTemplateColumn &column)
 {
     return valuesOf(column, columnProperties(column.columnType()));

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// A text column that counts its end.
+/// A text column that counts its deletion.
 class CountedColumn : public Tobrix::Templates::CTextColumn
 {
 public:

@@ -1,26 +1,26 @@
 #pragma once
 
-#include "rawdata/TemplateLimits_p.h"
 #include "model/CProgramView.h"
 #include "rawdata/CTemplateRawData.h"
+#include "rawdata/TemplateLimits_p.h"
 
 #include <QByteArray>
 #include <QSet>
 
 #include <vector>
 
-/// A kind of thing that a template may have only so many of.
+/// A kind of object with a limit in templates.
 struct CountedKind
 {
-    const char *name; ///< as messages call it
+    const char *name; ///< as in messages
     int most;
     QByteArray begin; ///< of a document
-    QByteArray one;   ///< of the things, with "#" for what tells it from the others
+    QByteArray one;   ///< an object, with "#" for its number
     QByteArray end;   ///< of a document
     int (*countIn)(const Tobrix::Templates::CTemplateRawData &rawData);
 };
 
-/// A document with so many things of one kind, all in its first line but for the last, which stands in the
+/// A document with so many objects of one kind, all on its first line except the last, which is on the
 /// second.
 inline QByteArray documentWith(const CountedKind &kind, int count)
 {
@@ -46,7 +46,7 @@ inline int listItems(const Record &record)
     return record.listItems.size();
 }
 
-inline int bands(const Record &record)
+inline int legendClasses(const Record &record)
 {
     return record.legendA.size() + record.legendB.size();
 }
@@ -70,7 +70,7 @@ inline int currentColumns(const Record &record)
 inline std::vector<CountedKind> countedLegacyKinds()
 {
     using namespace Tobrix::Templates;
-    // Every document has a key and a view, so that something is left of it.
+    // Every document has a key and a view, so that the template is not empty.
     const QByteArray begin = "<TXSYS><SYSTPL><TPL_Key>k</TPL_Key></SYSTPL>";
     const QByteArray end = "</TXSYS>";
     return {
@@ -79,7 +79,7 @@ inline std::vector<CountedKind> countedLegacyKinds()
         {"list items", Limits::listItems, begin, "<SYSLIST><LIST_Name>n</LIST_Name></SYSLIST>", end,
          CountedIn::listItems},
         {"legend classes", Limits::legendClasses, begin + "<LegendOfClassification>", "<class/>",
-         "</LegendOfClassification>" + end, CountedIn::bands},
+         "</LegendOfClassification>" + end, CountedIn::legendClasses},
         {"views", Limits::views, begin, "<PROGVIEW><PV_PK>#</PV_PK></PROGVIEW>", end, CountedIn::views},
     };
 }
@@ -99,7 +99,7 @@ inline std::vector<CountedKind> countedCurrentKinds()
                  "</ClassificationColorScope>"
                  "<ClassificationColorScope Name='ClassColorDefault' Scope='Section'>",
          "<ClassificationColor/>", "</ClassificationColorScope></ClassificationColorScopes>" + end,
-         CountedIn::bands},
+         CountedIn::legendClasses},
         {"views", Limits::views, begin, "<View Id='#'/>", end, CountedIn::views},
     };
 }

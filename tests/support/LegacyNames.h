@@ -2,10 +2,10 @@
 
 #include <vector>
 
-/// The part of a legacy document in which an element name means something.
+/// The section of a legacy document in which an element name has a meaning.
 enum class LegacyPart { Document, Header, ProgramView, Column, ListItem, Legend };
 
-/// An element name of the legacy format with its number in its part of the document.
+/// An element name of the legacy format, and its token in its section.
 struct LegacyName
 {
     LegacyPart part;

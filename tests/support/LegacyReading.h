@@ -5,7 +5,7 @@
 #include "format_legacy/CTemplateXMLReader.h"
 #include "rawdata/CTemplateRawData.h"
 
-/// A legacy document and what a reader made of it.
+/// A legacy document, and the result of reading it.
 class LegacyReading
 {
 public:

@@ -8,8 +8,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-/// A regular file that stands in no folder and never touches a disk, for programs that read many small
-/// documents one after the other.
+/// A regular file in memory, without a folder, for programs that read many small documents.
 class MemoryFile
 {
 public:
@@ -21,10 +20,10 @@ public:
     }
     ~MemoryFile() { ::close(m_descriptor); }
 
-    /// Under this path the file can be opened as often as one likes, within this process.
+    /// The path of the file within this process; it can be opened any number of times.
     QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(m_descriptor); }
 
-    /// Replaces what stands in the file.
+    /// Replaces the content of the file.
     void write(const char *bytes, std::size_t size)
     {
         if (::ftruncate(m_descriptor, 0) != 0 ||

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// A text column that writes its name down when it is deleted.
+/// A text column that records its name when it is deleted.
 class NamedColumn : public Tobrix::Templates::CTextColumn
 {
 public:

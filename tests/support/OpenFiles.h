@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <QString>
 
-/// How many of this process's file descriptors refer to a file.
+/// The number of this process's file descriptors that refer to a file.
 inline int openDescriptorsOf(const QString &path)
 {
     const QString file = QFileInfo(path).canonicalFilePath();

@@ -9,13 +9,13 @@
 #include <type_traits>
 #include <vector>
 
-/// One property of a model object or record, for tests that go through a class property by property.
+/// One property of a model object or record, for tests that check a class property by property.
 template <typename Object>
 struct Property
 {
     const char *name;
-    QVariant initial; ///< What a new object has.
-    QVariant sample;  ///< Another value; but for flags, no other property of the class has the same.
+    QVariant initial; ///< The value in a new object.
+    QVariant sample;  ///< Another value; unique among the properties of the class, except for flags.
     std::function<QVariant(const Object &)> get;
     std::function<void(Object &, const QVariant &)> set; ///< Empty when it cannot be set.
 };
@@ -78,7 +78,7 @@ QVariantMap valuesOf(const Object &object, const Properties<Object> &properties)
     return values;
 }
 
-/// What the properties of a new object are.
+/// The initial values of the properties.
 template <typename Object>
 QVariantMap initialValues(const Properties<Object> &properties)
 {
@@ -97,7 +97,7 @@ inline QString described(const QVariant &value)
     return QStringLiteral("%1 \"%2\"").arg(QLatin1String(value.typeName()), value.toString());
 }
 
-/// Where two sets of values differ, in value or in type; empty when nowhere.
+/// The differences of two sets of values, in value or in type; empty when there are none.
 inline QStringList differences(const QVariantMap &actual, const QVariantMap &expected)
 {
     QStringList found;
@@ -123,5 +123,5 @@ void addPropertyRows(const Properties<Object> &properties)
     }
 }
 
-/// Fails the test when two sets of values differ, and says where.
+/// Fails the test when two sets of values differ, and reports the differences.
 #define COMPARE_VALUES(actual, expected) QCOMPARE(differences(actual, expected), QStringList())

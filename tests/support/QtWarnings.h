@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <QtGlobal>
 
-/// Collects what Qt itself has to complain about while the object exists.
+/// Collects Qt's own warnings during its lifetime.
 class QtWarnings
 {
 public:

@@ -58,7 +58,7 @@ QString inWords(ReadingObserver::Reason reason)
     return QStringLiteral("reason %1").arg(static_cast<int>(reason));
 }
 
-/// A text on one line, so that null, empty and white space can be told apart.
+/// A text on one line, where null, empty and whitespace differ.
 QString quoted(QString text)
 {
     if (text.isNull()) {

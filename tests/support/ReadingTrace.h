@@ -5,14 +5,14 @@
 #include <QMap>
 #include <QStringList>
 
-/// A reading in words: a line for everything that the reader reports, with the place in the document that it
-/// is about. Places are those of the value: the attribute, the text, or the element.
+/// A reading as lines: one per call of the observer, with its place in the document: that of the attribute,
+/// the text, or the element.
 class ReadingTrace : public Tobrix::Templates::ReadingObserver
 {
 public:
     const QStringList &lines() const { return m_lines; }
-    /// How often each row was taken, each kind of object was filed and each reason was given; then a hash of
-    /// all lines. For documents whose lines are too many to be read.
+    /// How often each row, kind of object and reason was reported, and a hash of all lines: for documents
+    /// with too many lines to review.
     QStringList summary() const;
 
     void begin(const Tobrix::Templates::XmlDocument &document) override;

@@ -4,7 +4,7 @@
 #include <QMutex>
 #include <QString>
 
-/// One line that went to the host's log.
+/// One line of the host's log.
 struct LogLine
 {
     int level = 0;
@@ -17,10 +17,10 @@ struct LogLine
     }
 };
 
-/// Shows a line in the message of a failed comparison.
+/// Prints a line in the message of a failed comparison.
 char *toString(const LogLine &line);
 
-/// Collects what goes to the standalone host's log while it exists.
+/// Collects the lines of the standalone host's log during its lifetime.
 class RecordedLog
 {
 public:

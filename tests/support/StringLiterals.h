@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// A string literal of a C++ source: what stands between its quotation marks.
+/// A string literal of a C++ source, without its quotation marks.
 struct StringLiteral
 {
     QString file; ///< its path within the project
@@ -16,7 +16,7 @@ struct StringLiteral
     QString place() const { return QStringLiteral("%1:%2").arg(file).arg(line); }
 };
 
-/// Adds the string literals of one line, which no raw literal and no comment of several lines crosses.
+/// Adds the string literals of one line. Raw literals and comments of several lines are not supported.
 inline void addLiteralsOf(const QString &source, const QString &file, int line,
                           std::vector<StringLiteral> &literals)
 {

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// A template file that exists as long as the object.
+/// A template file that exists during the lifetime of the object.
 class TemporaryTemplate
 {
 public:

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// A text that knows whether anybody else holds it. Given to an object, it tells whether the object still
+/// A text that detects whether it is still shared. Given to an object, it shows whether the object still
 /// exists.
 class TextWitness
 {

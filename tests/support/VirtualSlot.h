@@ -3,15 +3,15 @@
 #include <cstddef>
 #include <cstring>
 
-/// Whether virtualSlot() can tell slots here.
+/// Whether virtualSlot() is supported on this platform.
 #if defined(__x86_64__) && defined(__GNUC__)
 inline constexpr bool virtualSlotsAreKnown = true;
 #else
 inline constexpr bool virtualSlotsAreKnown = false;
 #endif
 
-/// The place of an operation in its class's table of virtual operations, -1 for one that is not virtual. A
-/// destructor takes the first two places.
+/// The index of an operation in its class's vtable, -1 for a non-virtual one. A destructor uses the first
+/// two.
 template <typename Function>
 int virtualSlot(Function function)
 {

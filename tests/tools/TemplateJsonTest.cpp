@@ -253,9 +253,9 @@ void TemplateJsonTest::numbersBeyondJsonAreTexts()
     QCOMPARE(column.value(QLatin1String("minimumValue")), expected);
     QCOMPARE(column.value(QLatin1String("maximumValue")), expected);
     QCOMPARE(column.value(QLatin1String("stepInterval")), expected);
-    const QJsonValue legendItem = json[QLatin1String("legendA")][0];
-    QCOMPARE(legendItem[QLatin1String("numberFrom")], expected);
-    QCOMPARE(legendItem[QLatin1String("numberTo")], expected);
+    const QJsonValue legendClass = json[QLatin1String("legendA")][0];
+    QCOMPARE(legendClass[QLatin1String("numberFrom")], expected);
+    QCOMPARE(legendClass[QLatin1String("numberTo")], expected);
 }
 
 void TemplateJsonTest::textsThatWereNeverSetAreEmpty()

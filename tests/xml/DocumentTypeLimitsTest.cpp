@@ -1,4 +1,4 @@
-// What a document type may ask for, at each limit and past it.
+// Document types at each limit and over it.
 
 #include "support/LegacyReading.h"
 
@@ -15,8 +15,8 @@ QByteArray entity(const QByteArray &name, const QByteArray &text)
     return "<!ENTITY " + name + " \"" + text + "\">";
 }
 
-/// Entities that stand in each other: the first in the second, and so on; the last is of that number.
-QByteArray entitiesInEachOther(int count)
+/// A chain of nested entities: the first in the second, and so on. The last one has the given number.
+QByteArray nestedEntities(int count)
 {
     QByteArray declarations = entity("e1", "text");
     for (int i = 2; i <= count; ++i) {
@@ -71,14 +71,14 @@ void DocumentTypeLimitsTest::documentTypeIsReadWithinItsLimits_data()
     row("a bracket in quotes", entity("e", "]"), "&e;", true);
     row("100 declarations", QByteArray("<!-- -->").repeated(99), "plain", true);
     row("more than 100 declarations", QByteArray("<!-- -->").repeated(101), "plain", false);
-    row("16 parentheses in each other",
+    row("16 levels of nested parentheses",
         "<!ELEMENT x " + QByteArray(16, '(') + 'y' + QByteArray(16, ')') + '>', "plain", true);
-    row("17 parentheses in each other",
+    row("17 levels of nested parentheses",
         "<!ELEMENT x " + QByteArray(17, '(') + 'y' + QByteArray(17, ')') + '>', "plain", false);
     row("a document type of more than 16 KiB", "<!--" + QByteArray(17 * 1024, ' ') + "-->", "plain", false);
     row("a document type of 10 KiB", "<!--" + QByteArray(10 * 1024, ' ') + "-->", "plain", true);
-    row("16 entities in each other", entitiesInEachOther(16), "&e16;", true);
-    row("17 entities in each other", entitiesInEachOther(17), "&e17;", false);
+    row("16 levels of nested entities", nestedEntities(16), "&e16;", true);
+    row("17 levels of nested entities", nestedEntities(17), "&e17;", false);
     row("an entity in itself", entity("e", "&e;"), "&e;", false);
     row("1000 references", text, QByteArray("&e;").repeated(1000), true);
     row("1001 references", text, QByteArray("&e;").repeated(1001), false);
@@ -88,8 +88,8 @@ void DocumentTypeLimitsTest::documentTypeIsReadWithinItsLimits_data()
     row("an entity that begins within markup", entity("e", "text</b>"), "<b>&e;", false);
     row("an entity with half a reference", entity("e", "&#38;#"), "&e;", false);
     row("an entity with a character's number", entity("e", "A&#66;&#x43;"), "&e;", true);
-    row("an entity with a character past ASCII", entity("e", "&#228;"), "&e;", true);
-    row("an entity with a character past 16 bits", entity("e", "&#x1F600;"), "text &e;", true);
+    row("an entity with a character beyond ASCII", entity("e", "&#228;"), "&e;", true);
+    row("an entity with a character beyond 16 bits", entity("e", "&#x1F600;"), "text &e;", true);
     row("an entity with a reference put together of characters", entity("e", "&#38;&#228;;"), "&e;", false);
     row("an entity with a reference to none", entity("e", "&none;"), "&e;", false);
     row("an entity with a number that is cut to markup", entity("e", "&#65596;"), "&e;", false);
@@ -104,8 +104,8 @@ void DocumentTypeLimitsTest::documentTypeIsReadWithinItsLimits_data()
     row("a default with an entity", text + "<!ATTLIST Name kind CDATA \"&e;\">", "plain", true);
     row("a default with too many references",
         text + "<!ATTLIST Name kind CDATA \"" + QByteArray("&e;").repeated(1001) + "\">", "plain", false);
-    row("a default with too many entities in each other",
-        entitiesInEachOther(17) + "<!ATTLIST Name kind CDATA \"&e17;\">", "plain", false);
+    row("a default with too many levels of nested entities",
+        nestedEntities(17) + "<!ATTLIST Name kind CDATA \"&e17;\">", "plain", false);
     row("a default with too many characters",
         entity("e", QByteArray(7000, 'x')) + "<!ATTLIST Name kind CDATA \"" + QByteArray("&e;").repeated(10) +
             "\">",

@@ -1,4 +1,4 @@
-// What one of Qt's parsers gets to see of a file, and where the file exceeds a limit.
+// The bytes that Qt's parsers get of a file, and the place where it exceeds a limit.
 
 #include "xml/GuardedMarkup_p.h"
 
@@ -11,22 +11,22 @@ using namespace Tobrix::Templates;
 
 namespace {
 
-// A size that readers of a device are likely to use.
+// A typical chunk size for readers of a device.
 constexpr int chunkSize = 16 * 1024;
 
 QByteArray readAsAParserDoes(GuardedMarkup &markup)
 {
-    constexpr int pieceSize = 1024;
+    constexpr int readSize = 1024;
     QByteArray all;
-    QByteArray piece;
+    QByteArray chunk;
     do {
-        piece = markup.read(pieceSize);
-        all += piece;
-    } while (!piece.isEmpty());
+        chunk = markup.read(readSize);
+        all += chunk;
+    } while (!chunk.isEmpty());
     return all;
 }
 
-/// A document with one level too many. The excess is noticed after the bracket of the last tag.
+/// A document with one level over the limit. That is noticed after the "<" of its last tag.
 QByteArray tooDeepAfter(const QByteArray &beginning)
 {
     return "<a>" + beginning + QByteArray("<b>").repeated(Limits::depth - 1) + "<b/>";
@@ -64,7 +64,7 @@ void GuardedMarkupTest::bytesWithinTheLimitsAreHandedOver_data()
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("white space") << QByteArray(" \n<r> <a> x </a>\r\n </r>\n");
     QTest::newRow("more than a chunk") << "<r>" + QByteArray("<a>x</a>\n").repeated(10'000) + "</r>";
-    QTest::newRow("a document type of several pieces")
+    QTest::newRow("a document type of several chunks")
         << "<!DOCTYPE r [<!--" + QByteArray(5'000, 'x') + "-->]><r/>";
     const QString text = QStringLiteral("\uFEFF<r><a>x</a>\n <b>y</b>\n </r>");
     QTest::newRow("UTF-16") << QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
@@ -153,7 +153,7 @@ void GuardedMarkupTest::placeOfTheExcess_data()
     QTest::addColumn<int>("line");
     QTest::addColumn<int>("column");
     const QByteArray none;
-    // After "<a>", the tags of three characters and the bracket of the one that is one too many.
+    // After "<a>", the tags of three characters, and the "<" of the one over the limit.
     constexpr int tags = 3 + 3 * (Limits::depth - 1) + 1;
     QTest::newRow("in the first line") << none << none << 1 << tags + 1;
     QTest::newRow("in another line") << QByteArray("\n\n") << none << 3 << tags - 3 + 1;
@@ -166,7 +166,7 @@ void GuardedMarkupTest::placeOfTheExcess_data()
     QTest::newRow("after a stray byte of no character")
         << QByteArray("\x80\xF6\xFC|\xED\xA0\x80") << none << 1 << tags + 7 + 1;
     QTest::newRow("after carriage returns") << QByteArray("\r\r\nx\r") << none << 4 << tags - 3 + 1;
-    // With the least of them the last byte of a chunk is a carriage return.
+    // With the smallest of them the last byte of a chunk is a carriage return.
     for (const int size : {chunkSize - 4, chunkSize - 1, chunkSize, chunkSize + 1, 10 * chunkSize}) {
         QTest::addRow("in a line of %d bytes", size)
             << QByteArray("x").repeated(size) << none << 1 << tags + size + 1;

@@ -1,4 +1,4 @@
-// The strict parser reports what Qt's parser of the dialect reports, and reads nearly all templates.
+// The strict parser reports the same as Qt's parser of the dialect, and reads nearly all templates.
 
 #include "xml/XmlDocument_p.h"
 
@@ -17,8 +17,8 @@ namespace {
 
 using Node = XmlDocument::Node;
 
-/// The nodes of a document as lines. Left out is the white space that no reader can see: the strict parser
-/// need not report it.
+/// The nodes of a document as lines, without whitespace that no reader uses and that the strict parser may
+/// skip.
 QStringList linesOf(const XmlDocument &document)
 {
     QStringList lines;

@@ -23,7 +23,7 @@ Findings findingsIn(const CheckedFile &file, const QSet<QString> &disabledRules)
         if (disabledRules.contains(QLatin1String(rule.id))) {
             findings.drop();
         }
-        // What comes behind has nothing to stand on, whether anybody wants to know why or not.
+        // Later rules need an intact document, whether this rule is disabled or not.
         if (isLast) {
             break;
         }

@@ -12,7 +12,7 @@
 
 namespace Tobrix::Tools {
 
-/// A finding in one file, as it is reported.
+/// A finding in one file, ready for reports.
 struct ReportedFinding
 {
     const Rule *rule = nullptr;
@@ -29,11 +29,11 @@ struct FileReport
     std::vector<ReportedFinding> findings;
 };
 
-/// Checks one file by all rules but some.
+/// Checks one file by all rules except some.
 FileReport checkFile(const QString &fileName, const QSet<QString> &disabledRules,
                      const LoadingOptions &options = {});
 
-/// Is told how many files are done, on the thread that waits for them.
+/// Receives the number of finished files, on the thread that waits for them.
 using Progress = std::function<void(int done, int all)>;
 
 /// Checks many files on all cores.
@@ -41,7 +41,7 @@ using Progress = std::function<void(int done, int all)>;
 std::vector<FileReport> checkFiles(const QStringList &fileNames, const QSet<QString> &disabledRules,
                                    const LoadingOptions &options, const Progress &progress);
 
-/// How many findings of each severity there are.
+/// The number of findings of each severity.
 struct FindingCounts
 {
     int errors = 0;

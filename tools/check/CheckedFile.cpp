@@ -27,9 +27,9 @@ CheckedFile::~CheckedFile() = default;
 
 void CheckedFile::decode(const QByteArray &bytes)
 {
-    // What is wrong with a file over this limit is at its beginning.
+    // A file over this limit is reported at its beginning.
     m_source = bytes.size() > Limits::fileSize ? QString() : decodedXml(bytes);
-    // A file may have the character that others are replaced with as its own.
+    // A file may itself contain the replacement character.
     if (m_source.contains(QChar(QChar::ReplacementCharacter))) {
         m_undecodable = undecodableOf(bytes);
     }
@@ -52,7 +52,7 @@ void CheckedFile::takeFault(const TemplateLoading &loading)
 
 const SourcePlaces &CheckedFile::places() const
 {
-    // Most files have nothing that a place would be needed for.
+    // Most files need no places.
     if (!m_places) {
         m_places = std::make_unique<SourcePlaces>(m_source);
     }

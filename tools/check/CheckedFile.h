@@ -12,7 +12,7 @@
 
 namespace Tobrix::Tools {
 
-/// A template file as the rules see it: what its parser says, its elements, and what the library makes of it.
+/// A template file for the rules: its faults, its elements, and the model of what the library reads.
 class CheckedFile
 {
 public:
@@ -21,7 +21,7 @@ public:
 
     const QString &fileName() const { return m_fileName; }
 
-    /// Why there is nothing to check, for a person to read; empty when there is.
+    /// Why the file cannot be checked, for users; empty when it can.
     const QString &problem() const { return m_problem; }
 
     /// Whether the library reads it as the current format.
@@ -35,17 +35,17 @@ public:
     /// Why the file is not well-formed, as the end of a sentence; empty when it is.
     const QString &malformation() const { return m_malformation; }
 
-    /// What is over a limit, in words; empty when nothing is.
+    /// The exceeded limit, in words; empty when there is none.
     const QString &excess() const { return m_excess; }
-    /// Where it is not well-formed, or over a limit.
+    /// The offset of the fault or of the exceeded limit.
     int faultAt() const { return m_faultAt; }
 
-    /// What the parser replaces of a file that is well-formed otherwise.
+    /// Invalid bytes of a file that is well-formed otherwise.
     const Templates::Undecodable &undecodable() const { return m_undecodable; }
 
-    /// The elements, of a file that is well-formed and within the limits.
+    /// The elements of a file that is well-formed and within the limits.
     const Templates::XmlTree &tree() const;
-    /// What becomes of them.
+    /// What the library reads from them.
     const TemplateModel &model() const;
 
 private:

@@ -20,8 +20,8 @@ FolderContent contentOfFolder(const QString &folder)
     if (isUnreadableFolder(QFileInfo(folder))) {
         content.unreadableFolders.append(folder);
     }
-    // System stands for what cannot be read as a file: pipes, links that lead nowhere. Whoever calls such a
-    // thing a template is told that it is none.
+    // System includes what cannot be read as a file: pipes, broken links. With the name of a template they
+    // are reported.
     QDirIterator iterator(folder, {QStringLiteral("*.xml")},
                           QDir::Files | QDir::System | QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot,
                           QDirIterator::Subdirectories);

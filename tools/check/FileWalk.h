@@ -4,11 +4,11 @@
 
 namespace Tobrix::Tools {
 
-/// What a folder holds, with those below it. Links to folders are not followed.
+/// The content of a folder and its subfolders. Links to folders are not followed.
 struct FolderContent
 {
-    QStringList templateFiles;     ///< whatever is called *.xml and is no folder, in the order of the names
-    QStringList unreadableFolders; ///< which may hold more of them
+    QStringList templateFiles;     ///< everything named *.xml that is no folder, sorted by name
+    QStringList unreadableFolders; ///< their templates are not checked
 };
 
 FolderContent contentOfFolder(const QString &folder);

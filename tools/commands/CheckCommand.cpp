@@ -51,7 +51,7 @@ const ReportFormat reportFormats[] = {
      }},
 };
 
-/// The command's options and what they come to.
+/// The command's options and what they result in.
 class CheckOptions
 {
 public:
@@ -61,7 +61,7 @@ public:
     ExitStatus run(Console &console) const;
 
 private:
-    /// The files to check, and whether they are all that was asked for.
+    /// The files to check, and whether all given paths could be read.
     struct Files
     {
         QStringList names;

@@ -61,7 +61,7 @@ ExitStatus CommandLine::refuse(const QString &reason, Console &console) const
 
 QString CommandLine::helpText() const
 {
-    // Qt's first line tells the path under which the tool was started instead of its usage.
+    // Qt's first line has the path of the executable instead of the usage.
     const QString text = m_parser.helpText();
     return QStringLiteral("Usage: %1 %2\n").arg(m_command, m_syntax) +
            text.mid(text.indexOf(QLatin1Char('\n')));

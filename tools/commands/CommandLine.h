@@ -10,15 +10,15 @@ namespace Tobrix::Tools {
 
 class Console;
 
-/// How the tool ends.
+/// The exit codes of the tool.
 enum class ExitStatus { Success = 0, SomeFilesFailed = 1, WrongUsage = 2 };
 
-/// The options and arguments of one command, with what all commands share: --help, --host-config, and what
-/// happens on wrong usage.
+/// The options and arguments of one command, with what all commands share: --help, --host-config, and
+/// messages on wrong usage.
 class CommandLine
 {
 public:
-    /// @param command what is typed to start it
+    /// @param command the words that run it
     /// @param syntax its options and arguments, such as "[options] FILE…"
     /// @param description what it does, for --help
     CommandLine(const QString &command, const QString &syntax, const QString &description);
@@ -29,19 +29,19 @@ public:
     /// Adds the explanation of an argument.
     void addArgument(const QString &name, const QString &description);
 
-    /// Leaves everything after the first argument to somebody else.
+    /// Does not parse anything after the first argument.
     void endAtFirstArgument();
 
-    /// Reads the arguments and does what the shared options ask for.
+    /// Parses the arguments and executes the shared options.
     /// @param arguments with the program's or the command's name as the first
-    /// @return how the tool is to end; none when the command may go ahead
+    /// @return the exit code to end with; none when the command is to continue
     std::optional<ExitStatus> parse(const QStringList &arguments, Console &console);
 
-    /// Complains about wrong usage and points to the help.
+    /// Reports wrong usage and refers to the help.
     ExitStatus refuse(const QString &reason, Console &console) const;
 
     bool isSet(const QCommandLineOption &option) const { return m_parser.isSet(option); }
-    /// The values of an option in the order in which they were given, or its default value.
+    /// The values of an option in the order given, or its default value.
     QStringList values(const QCommandLineOption &option) const { return m_parser.values(option); }
     QStringList arguments() const { return m_parser.positionalArguments(); }
 

@@ -21,7 +21,7 @@ void Console::print(const QString &text)
 
 void Console::print(const QByteArray &utf8)
 {
-    // What is printed before a complaint is to appear before it.
+    // Flush standard output first, so that lines appear in order.
     m_isWritten = m_isWritten && m_output.write(utf8) == utf8.size() && m_output.flush();
 }
 
@@ -43,7 +43,7 @@ void Console::showProgress(const QString &text)
         return;
     }
     m_progress = text;
-    // Back to the beginning of the line, and what stands there removed.
+    // Returns to the start of the line and clears it.
     const QByteArray line = "\r\033[K" + text.toLocal8Bit();
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
     std::fflush(stderr);

@@ -16,21 +16,20 @@ public:
     void print(const QString &text);
     void print(const QByteArray &utf8);
 
-    /// The character cells in a line of the terminal; as many as one likes when standard output is a file or
-    /// another program.
+    /// The width of the terminal in character cells; unlimited when standard output is a file or a pipe.
     int lineWidth() const;
 
-    /// Whether what is printed may have colours: on a terminal, unless NO_COLOR is set.
+    /// Whether output may have colours: on a terminal, unless NO_COLOR is set.
     bool isColoured() const;
 
-    /// Shows how far something is, on one line that each call replaces; an empty text removes it. Nobody sees
-    /// that unless standard error is a terminal.
+    /// Shows progress on one line, which each call replaces; an empty text removes it. Shown only when
+    /// standard error is a terminal.
     void showProgress(const QString &text);
 
-    /// Writes one line to standard error, behind the tool's name.
+    /// Writes one line to standard error, after the tool's name.
     void complain(const QString &message);
 
-    /// Complains when some of the output got lost, on a full disk for example.
+    /// Reports when output could not be written, for example to a full disk.
     /// @return whether all of it was written
     bool finish();
 

@@ -12,8 +12,8 @@ public:
     /// Adds the options to a command.
     explicit LoadingArguments(CommandLine &commandLine);
 
-    /// Takes the options of a command line that was read.
-    /// @return how the tool is to end; none when the command may go ahead
+    /// Reads the options from a parsed command line.
+    /// @return the exit code to end with; none when the command is to continue
     std::optional<ExitStatus> take(Console &console);
 
     const LoadingOptions &options() const { return m_options; }

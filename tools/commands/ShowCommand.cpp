@@ -20,8 +20,8 @@ void printJson(const QJsonObject &json, Console &console)
     console.print(QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n');
 }
 
-/// Prints one file. What is wrong with it, it complains about afterwards, so that the output comes first.
-/// @return whether nothing is
+/// Prints one file, and reports its problems after the output.
+/// @return whether there are none
 using ShowFile = bool (*)(const QString &fileName, const LoadingOptions &options, bool isFirst,
                           Console &console);
 

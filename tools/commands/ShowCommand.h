@@ -4,7 +4,7 @@
 
 namespace Tobrix::Tools {
 
-/// `show`: prints templates, for people or as JSON.
+/// `show`: prints templates as text or as JSON.
 /// @param arguments with the command's name as the first
 ExitStatus runShow(const QStringList &arguments, Console &console);
 

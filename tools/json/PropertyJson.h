@@ -11,14 +11,14 @@
 
 namespace Tobrix::Tools {
 
-/// How a null text is written: hosts do not tell it from an empty one, readers do.
+/// How a null text is written: hosts do not distinguish it from an empty one, readers do.
 enum class NullText { AsEmpty, AsNull };
 
 QJsonValue toJson(const QString &text, NullText nullText);
 QJsonValue toJson(bool value, NullText nullText);
 QJsonValue toJson(int number, NullText nullText);
 
-/// Numbers that JSON does not have are the texts "nan", "inf" and "-inf".
+/// Numbers without JSON representation become the texts "nan", "inf" and "-inf".
 QJsonValue toJson(double number, NullText nullText);
 
 /// A variant as an object of its "type" (a name, or empty), "isNull" and "value" (as a text).
@@ -49,7 +49,7 @@ void insertProperties(QJsonObject &json, const Properties &properties, const Obj
     }
 }
 
-/// One value a list entry.
+/// One value per list entry.
 template <typename List, typename ToJson>
 QJsonArray toJsonArray(const List &list, ToJson toJsonValue)
 {

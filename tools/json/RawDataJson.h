@@ -6,7 +6,7 @@ namespace Tobrix::Tools {
 
 struct LoadedRawData;
 
-/// A raw record as its format's reader filled it, as `show --json --raw` prints it. Null texts are null.
+/// A raw record as `show --json --raw` prints it. Null texts are null.
 QJsonObject rawDataJson(const LoadedRawData &loaded);
 
 } // namespace Tobrix::Tools

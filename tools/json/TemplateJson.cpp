@@ -114,7 +114,7 @@ const Property<CTemplateLegendDataItem> legendProperties[] = {
     {QLatin1String("textB"),      read<CTemplateLegendDataItem, &CTemplateLegendDataItem::textB>},
 };
 
-/// What the kinds of columns add, by their classes.
+/// The properties that each kind of column adds.
 template <typename Column, const auto &properties>
 void insertOwnProperties(QJsonObject &json, const CTemplateColumn &column, NullText nullText)
 {

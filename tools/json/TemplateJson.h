@@ -27,13 +27,13 @@ QJsonValue columnJson(const Templates::CTemplateColumn *column, NullText nullTex
 /// Columns in the order given.
 QJsonArray columnsJson(const QList<Templates::CTemplateColumn *> &columns, NullText nullText);
 
-/// Views with their columns, sorted by unique id, then by key: their own order is none.
+/// Views with their columns, sorted by unique id, then by key, since their own order is undefined.
 QJsonArray viewsJson(QList<const Templates::CProgramView *> views, NullText nullText);
 
 /// List items in the order given.
 QJsonArray listItemsJson(const QList<Templates::CListItem *> &items, NullText nullText);
 
-/// The bands of a legend in the order given.
+/// The legend classes of a legend, in the order given.
 QJsonArray legendJson(const QList<Templates::CTemplateLegendDataItem> &legend, NullText nullText);
 
 /// Log lines as [level, category, message].

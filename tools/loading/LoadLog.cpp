@@ -11,7 +11,7 @@ namespace {
 
 thread_local LoadLog *logOfThisThread = nullptr;
 
-// The host has one sink for all threads: it stays in place until the last log is gone.
+// The host has one sink for all threads: it stays installed until the last log is destroyed.
 QMutex sinkMutex;
 int logCount = 0;
 

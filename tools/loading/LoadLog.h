@@ -5,7 +5,7 @@
 
 namespace Tobrix::Tools {
 
-/// One line that the library wrote to the host's log.
+/// One line of the host's log.
 struct LogLine
 {
     int level = 0;
@@ -13,15 +13,15 @@ struct LogLine
     QString message;
 };
 
-/// Collects what the library logs on this thread while it exists, and keeps it off standard error. Every
-/// thread may have one at a time.
+/// Collects the library's log lines on this thread during its lifetime, instead of printing them to standard
+/// error. One at a time per thread.
 class LoadLog
 {
 public:
     LoadLog();
     ~LoadLog();
 
-    /// The lines so far, in the order in which they were written.
+    /// The lines so far, in the order written.
     const QList<LogLine> &lines() const { return m_lines; }
 
 private:

@@ -16,18 +16,18 @@ using namespace Templates;
 
 namespace {
 
-/// As much of standard input as shows that it is over the limit of files.
+/// One byte over the limit is enough to report it.
 QByteArray standardInputBytes()
 {
-    constexpr int pieceSize = 64 * 1024;
+    constexpr int chunkSize = 64 * 1024;
     QFile input;
     QByteArray bytes;
-    QByteArray piece;
+    QByteArray chunk;
     if (input.open(stdin, QIODevice::ReadOnly)) {
         do {
-            piece = input.read(pieceSize);
-            bytes += piece;
-        } while (!piece.isEmpty() && bytes.size() <= Limits::fileSize);
+            chunk = input.read(chunkSize);
+            bytes += chunk;
+        } while (!chunk.isEmpty() && bytes.size() <= Limits::fileSize);
     }
     return bytes;
 }

@@ -20,33 +20,33 @@ struct CTemplateRawData;
 
 namespace Tobrix::Tools {
 
-/// How files are read, where that does not follow from the files.
+/// Overrides for reading files.
 struct LoadingOptions
 {
-    std::optional<Templates::TemplateFormat> format; ///< none for the one of the path
+    std::optional<Templates::TemplateFormat> format; ///< none: the format follows from the path
     Templates::XmlWay way = Templates::XmlWay::Automatic;
 };
 
-/// The file name that stands for standard input.
+/// The file name for standard input.
 inline constexpr QLatin1String standardInput("-");
 
-/// The format that a file is read as. Hosts pass whole paths, so that is what decides.
+/// The format of a file. Determined by the absolute path, as in hosts.
 Templates::TemplateFormat formatOfFile(const QString &fileName, const LoadingOptions &options);
 
 /// Reads a file, or standard input, into a raw record.
-/// @return false when the reader gives up
+/// @return false when the reader fails
 bool readTemplate(Templates::TemplateLoading &loading, const QString &fileName);
 
-/// A file, and what happened when it was loaded.
+/// A file, and the result of loading it.
 struct LoadedFile
 {
     QString fileName;
     Templates::TemplateFormat format = Templates::TemplateFormat::Legacy;
     Templates::CTemplateReadingReport report;
-    QList<LogLine> log; ///< what the library logged meanwhile
+    QList<LogLine> log; ///< the library's messages
 
-    /// Whether something is wrong with the file. It may load all the same: of one that is not well-formed,
-    /// the current format keeps what stands before the fault.
+    /// Whether there is a problem. The file may load nonetheless: one of the current format that is not
+    /// well-formed is loaded up to its fault.
     bool hasProblem() const;
 };
 
@@ -60,21 +60,21 @@ struct LoadedTemplate : LoadedFile
     std::unique_ptr<Templates::CCatalogTemplate> catalogTemplate; ///< null when the file does not load
 };
 
-/// A template file as its format's reader reads it.
+/// A template file read by its format reader.
 struct LoadedRawData : LoadedFile
 {
     LoadedRawData();
     LoadedRawData(LoadedRawData &&other) noexcept;
     ~LoadedRawData();
 
-    bool isRead = false;                                  ///< whether the reader was content with the file
+    bool isRead = false;                                  ///< whether the reader succeeded
     std::unique_ptr<Templates::CTemplateRawData> rawData; ///< never null
 };
 
 /// Loads a template file as hosts do.
 LoadedTemplate loadTemplate(const QString &fileName, const LoadingOptions &options = {});
 
-/// Reads a template file with its format's reader, and builds nothing of it.
+/// Reads a template file with its format reader, without building a template.
 LoadedRawData loadRawData(const QString &fileName, const LoadingOptions &options = {});
 
 } // namespace Tobrix::Tools

@@ -21,7 +21,7 @@ using namespace Templates;
 
 namespace {
 
-/// The nearest element around another one that has the name of a third, which is around it as well.
+/// The nearest ancestor of an element with the name of a container, which must be an ancestor as well.
 XmlElement nearestLike(const XmlElement &container, const XmlElement &element)
 {
     XmlElement around = element.parent();
@@ -65,11 +65,11 @@ private:
 
     XmlElement first(const XmlElement &element, CurrentElement name) { return element.first(nameOf(name)); }
 
-    /// The value of an attribute, which is kept for the rules about values as well.
+    /// The value of an attribute, also added for the rules about values.
     Value read(const XmlElement &element, CurrentValue value);
-    /// The value alone.
+    /// The same without adding it.
     static Value valueOf(const XmlElement &element, CurrentValue value);
-    /// The text of an element, which is kept under the element's name.
+    /// The text of an element, added under the element's name.
     Value readText(const XmlElement &element, CurrentValue value);
 
     const XmlTree &m_document;
@@ -170,7 +170,7 @@ void CurrentModelBuilder::readDefaults()
     const XmlElement container = m_document.first(nameOf(CurrentElement::DefaultValues));
     for (const auto &scope : container.all(nameOf(CurrentElement::DefaultValueScope))) {
         for (const auto &element : scope.all(nameOf(CurrentElement::DefaultValueItem))) {
-            // One in a scope within this one is read again, behind these: it counts there.
+            // One in a nested scope is read again later, for that scope, and counts there.
             if (!(nearestLike(scope, element) == scope)) {
                 continue;
             }
@@ -239,7 +239,7 @@ void CurrentModelBuilder::readColumns(const XmlElement &element, int view)
                       attributeOf(CurrentValue::ColumnMaximum), attributeOf(CurrentValue::ColumnStep),
                       m_model.values);
         if (!column.isBuilt()) {
-            m_model.values.resize(valuesBefore); // nobody gets them
+            m_model.values.resize(valuesBefore); // no host gets them
         }
         m_model.columns.push_back(column);
     }
@@ -363,14 +363,14 @@ void CurrentModelBuilder::readLegends()
             continue;
         }
         for (const auto &element : scope.all(nameOf(CurrentElement::ClassificationColor))) {
-            BandModel band;
-            band.at = element.at();
-            band.from = read(element, CurrentValue::LegendFrom);
-            band.to = read(element, CurrentValue::LegendTo);
-            band.color = read(first(element, CurrentElement::Color), CurrentValue::LegendColor);
-            band.lower = band.from.text.toDouble();
-            band.upper = band.to.text.toDouble();
-            m_model.legends[isSection ? 0 : 1].push_back(band);
+            LegendClassModel legendClass;
+            legendClass.at = element.at();
+            legendClass.from = read(element, CurrentValue::LegendFrom);
+            legendClass.to = read(element, CurrentValue::LegendTo);
+            legendClass.color = read(first(element, CurrentElement::Color), CurrentValue::LegendColor);
+            legendClass.lower = legendClass.from.text.toDouble();
+            legendClass.upper = legendClass.to.text.toDouble();
+            m_model.legends[isSection ? 0 : 1].push_back(legendClass);
         }
     }
 }

@@ -6,7 +6,7 @@
 
 namespace Tobrix::Tools {
 
-/// What the current format's reader makes of a document.
+/// The model of a document of the current format.
 TemplateModel currentModel(const Templates::XmlTree &document);
 
 } // namespace Tobrix::Tools

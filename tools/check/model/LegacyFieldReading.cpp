@@ -23,7 +23,7 @@ private:
     struct Open
     {
         int end;
-        int reading; // -1 for an element that the section does not know
+        int reading; // -1 for an element that is unknown in the section
     };
 
     void start(int index);

@@ -6,7 +6,6 @@
 #include "format_legacy/LegacyFormat_p.h"
 #include "rawdata/CColumnData.h"
 #include "rawdata/CTemplateDataConverter.h"
-#include "rawdata/TemplateLimits_p.h"
 
 #include <QHash>
 
@@ -22,10 +21,10 @@ using namespace Templates;
 
 namespace {
 
-// Numbers that only some types of columns have.
+// Numbers that exist only for some types of columns.
 constexpr Tokens::ColumnToken limitTokens[] = {Tokens::COL_RangeFrom, Tokens::COL_RangeTo, Tokens::COL_Steps,
                                                Tokens::COL_Length, Tokens::COL_Precision};
-// Read as flags, which nobody means them to be.
+// References that are read as flags.
 constexpr Tokens::ColumnToken referenceTokens[] = {Tokens::COL_Template_FK, Tokens::COL_Bound_TableDir_REF};
 
 template <typename Rows>
@@ -34,7 +33,8 @@ bool isOneOf(int token, const Rows &rows)
     return std::find(std::begin(rows), std::end(rows), token) != std::end(rows);
 }
 
-/// The kind of a field's value, for rules about values. What a column's type decides is judged later.
+/// The kind of a field's value, for rules about values. Values that depend on the column's type are checked
+/// later.
 template <typename Field>
 ValueKind judgedKindOf(const Field &field)
 {
@@ -55,7 +55,7 @@ QString nameOf(Tokens::ColumnToken token)
 // The column's section has the most tokens.
 constexpr std::size_t tokenCount = std::size(columnFields) + 1;
 
-/// The values of one section, those that count.
+/// The values of one section that count.
 class SectionValues
 {
 public:
@@ -67,7 +67,7 @@ public:
         m_elements[index(reading.token)] = reading.element.at();
     }
 
-    /// The place of the element that a value is from; -1 when there is none.
+    /// The offset of the element that a value comes from; -1 when there is none.
     int elementAt(int token) const { return m_elements[index(token)]; }
 
     Value value(int token) const
@@ -103,11 +103,10 @@ private:
     void readColumn(const XmlElement &section);
     void readListItem(const XmlElement &section);
     void readLegends(const XmlElement &section);
-    std::vector<BandModel> &beginLegend(const XmlElement &element, int legend);
-    void readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
+    std::vector<LegendClassModel> &beginLegend(const XmlElement &element, int legend);
+    void readCaption(const LegacyReading &reading, const std::vector<LegendClassModel> &legend,
                      SectionValues &captions);
-    BandModel bandOf(const XmlElement &element);
-    int bandCount() const { return static_cast<int>(m_model.legends[0].size() + m_model.legends[1].size()); }
+    LegendClassModel legendClassOf(const XmlElement &element);
 
     template <typename Fields>
     SectionValues valuesOf(const XmlElement &section, const std::vector<LegacyReading> &readings,
@@ -115,7 +114,7 @@ private:
     {
         return valuesOver(SectionValues(section.at()), readings, fields);
     }
-    /// The values of a section that is read over those of an earlier one.
+    /// The values of a section that adds to those of an earlier one.
     template <typename Fields>
     SectionValues valuesOver(SectionValues values, const std::vector<LegacyReading> &readings,
                              const Fields &fields);
@@ -205,16 +204,16 @@ void LegacyModelBuilder::readSectionAt(const XmlElement &element, int token)
 
 void LegacyModelBuilder::findUnreachable(const XmlElement &within)
 {
-    int behind = 0;
+    int after = 0;
     const int end = m_document.node(within.index()).end;
     for (int i = within.index() + 1; i < end; ++i) {
-        if (m_document.node(i).kind != XmlNode::Element || i < behind) {
+        if (m_document.node(i).kind != XmlNode::Element || i < after) {
             continue;
         }
         const XmlElement element(m_document, i);
         if (m_templateTokens.of(element) >= Tokens::SYSTPL) {
             m_model.unreachableSections.push_back({element.at(), element.name(), within.name()});
-            behind = m_document.node(i).end;
+            after = m_document.node(i).end;
         }
     }
 }
@@ -328,7 +327,7 @@ void LegacyModelBuilder::readColumn(const XmlElement &section)
             {values.value(Tokens::COL_Precision), nameOf(Tokens::COL_Precision), ValueKind::Integer});
     }
     if (column.type == CTemplateColumn::Unknown) {
-        m_model.values.resize(valuesBefore); // nobody gets them
+        m_model.values.resize(valuesBefore); // no host gets them
     }
     m_model.columns.push_back(column);
 }
@@ -400,10 +399,10 @@ void LegacyModelBuilder::bindColumnsToViews()
     }
 }
 
-BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
+LegendClassModel LegacyModelBuilder::legendClassOf(const XmlElement &element)
 {
-    BandModel band;
-    band.at = element.at();
+    LegendClassModel legendClass;
+    legendClass.at = element.at();
     const auto read = [&](const FormatRow &row) {
         const XmlAttribute *attribute = element.attribute(row.attribute);
         if (!attribute) {
@@ -413,18 +412,17 @@ BandModel LegacyModelBuilder::bandOf(const XmlElement &element)
         m_model.values.push_back({value, row.attribute, row.kind});
         return value;
     };
-    band.from = read(legendAttribute(&CTemplateLegendDataItem::numberFrom));
-    band.to = read(legendAttribute(&CTemplateLegendDataItem::numberTo));
-    band.color = read(legendAttribute(&CTemplateLegendDataItem::color));
-    band.lower = band.from.isGiven() ? band.from.text.toDouble() : band.lower;
-    band.upper = band.to.isGiven() ? band.to.text.toDouble() : band.upper;
-    return band;
+    legendClass.from = read(legendAttribute(&CTemplateLegendDataItem::numberFrom));
+    legendClass.to = read(legendAttribute(&CTemplateLegendDataItem::numberTo));
+    legendClass.color = read(legendAttribute(&CTemplateLegendDataItem::color));
+    legendClass.lower = legendClass.from.isGiven() ? legendClass.from.text.toDouble() : legendClass.lower;
+    legendClass.upper = legendClass.to.isGiven() ? legendClass.to.text.toDouble() : legendClass.upper;
+    return legendClass;
 }
 
 void LegacyModelBuilder::readLegends(const XmlElement &section)
 {
-    std::vector<BandModel> *legend = &m_model.legends[0];
-    int lastPastLimit = -1;
+    std::vector<LegendClassModel> *legend = &m_model.legends[0];
     SectionValues captions(section.at());
     const auto readings = readSection(section, m_legendTokens, Tokens::LegendOfClassification);
     for (const auto &reading : readings) {
@@ -434,35 +432,30 @@ void LegacyModelBuilder::readLegends(const XmlElement &section)
             legend = &beginLegend(reading.element, reading.token == Tokens::Section ? 0 : 1);
             break;
         case Tokens::LegendClass:
-            legend->push_back(bandOf(reading.element));
-            lastPastLimit = bandCount() == Limits::legendClasses + 1 ? reading.element.at() : lastPastLimit;
+            legend->push_back(legendClassOf(reading.element));
             captions = SectionValues(section.at());
             break;
         default:
             readCaption(reading, *legend, captions);
         }
     }
-    // A group that begins anew takes back what it had before.
-    if (bandCount() > Limits::legendClasses && m_model.bandTooManyAt < 0) {
-        m_model.bandTooManyAt = lastPastLimit;
-    }
 }
 
-std::vector<BandModel> &LegacyModelBuilder::beginLegend(const XmlElement &element, int legend)
+std::vector<LegendClassModel> &LegacyModelBuilder::beginLegend(const XmlElement &element, int legend)
 {
-    std::vector<BandModel> &bands = m_model.legends[legend];
-    if (!bands.empty()) {
+    std::vector<LegendClassModel> &legendClasses = m_model.legends[legend];
+    if (!legendClasses.empty()) {
         m_model.lostLegends.push_back(
             {element.at(), m_hasGroup[legend] ? LostLegend::ClearedGroup : LostLegend::ClearedClasses,
-             element.name(), static_cast<int>(bands.size())});
+             element.name(), static_cast<int>(legendClasses.size())});
     }
     m_hasGroup[legend] = true;
-    bands.clear();
-    return bands;
+    legendClasses.clear();
+    return legendClasses;
 }
 
-void LegacyModelBuilder::readCaption(const LegacyReading &reading, const std::vector<BandModel> &legend,
-                                     SectionValues &captions)
+void LegacyModelBuilder::readCaption(const LegacyReading &reading,
+                                     const std::vector<LegendClassModel> &legend, SectionValues &captions)
 {
     if (reading.text < 0) {
         return;

@@ -6,7 +6,7 @@
 
 namespace Tobrix::Tools {
 
-/// What the legacy format's reader makes of a document.
+/// The model of a document of the legacy format.
 TemplateModel legacyModel(const Templates::XmlTree &document);
 
 } // namespace Tobrix::Tools

@@ -10,15 +10,15 @@
 
 namespace Tobrix::Tools {
 
-/// The token of an element among containers and sections, 0 for one that is neither.
+/// The token of a container or section; 0 for any other element.
 inline CTemplateTokenizer::TemplateToken templateTokenOf(const Templates::XmlElement &element)
 {
     const QString name = element.name();
     return CTemplateTokenizer::stringToTemplateToken(QStringRef(&name));
 }
 
-/// The tokens that the names of one document have in one section. Looks each name up once: a document has
-/// few, each many times.
+/// The tokens of a document's names in one section. Looks each name up once: a document has few names, each
+/// many times.
 class SectionTokens
 {
 public:

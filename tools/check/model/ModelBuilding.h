@@ -6,17 +6,16 @@
 
 namespace Tobrix::Tools {
 
-// What both formats' models are made with.
+// Code shared by the models of both formats.
 
-/// Says what the builder makes of a column that is read: its fixed default and visibility, by the host's
-/// types of tables.
+/// Applies what the builder does to a column: its fixed default and visibility, by the host's table types.
 void applyFixedValues(ColumnModel &column);
 
-/// Keeps the values of a column that its type has a use for, for the rules about values.
+/// Adds the values that the column's type uses, for the rules about values.
 void keepNumbersOf(const ColumnModel &column, const QString &fromName, const QString &toName,
                    const QString &stepName, std::vector<ReadValue> &values);
 
-/// The lists of a template while they are gathered, in the order in which the record keeps them.
+/// The lists of a template under construction, in the order of the record.
 using ListsByName = QMap<QString, ListModel>;
 
 std::vector<ListModel> listsOf(const ListsByName &lists);

@@ -10,32 +10,32 @@
 
 namespace Tobrix::Tools {
 
-// What a format's reader makes of a template, with the places in the file where it all comes from. The two
-// formats come to the same model, so that most rules need to know nothing of them.
+// What a format reader reads from a template, with offsets into the file. Both formats have the same model,
+// so that most rules are independent of the format.
 
-/// A value of the file: what the reader gets, and where it stands.
+/// A value of the file: the text that the reader gets, and its offset.
 struct Value
 {
-    QString text;            ///< null when the file does not give it
+    QString text;            ///< null when it is missing
     int at = -1;             ///< of the attribute's name or of the text; of the element when there is none
-    bool isCaptured = false; ///< whether it is the white space behind an empty element
+    bool isCaptured = false; ///< whether it is the whitespace after an empty element
 
     bool isGiven() const { return !text.isNull(); }
     bool isEmpty() const { return text.isEmpty(); }
 
-    /// Whether nobody sees anything of it.
+    /// Whether it is empty or whitespace only.
     bool isBlank() const { return text.trimmed().isEmpty(); }
     bool isWhiteSpace() const { return !isEmpty() && isBlank(); }
 
-    /// Whether white space stands around the value, so that it is another one than it seems to be.
+    /// Whether whitespace before or after the value changes it.
     bool isPadded() const
     {
         return !text.isEmpty() && (text.front().isSpace() || text.back().isSpace()) && !isBlank();
     }
 };
 
-/// A value with the name of its attribute or element, for the rules about values of any meaning. Plain texts
-/// are left out: nothing can be wrong with them.
+/// A value with the name of its attribute or element, for the rules about values of any meaning. Free texts
+/// are not included.
 struct ReadValue
 {
     Value value;
@@ -57,7 +57,7 @@ struct ViewModel
     int at = 0;
     Value id;
     Value key;
-    int replacedBy = -1; ///< the number of a later view of the same id, which is the one that counts
+    int replacedBy = -1; ///< the index of a later view of the same id, which replaces this one
 
     bool isReplaced() const { return replacedBy >= 0; }
 };
@@ -74,7 +74,7 @@ struct ColumnRange
 struct ColumnModel
 {
     int at = 0;
-    int view = -1; ///< -1 when the view that it names is not there
+    int view = -1; ///< -1 when the view that it names is missing
 
     Value viewRef;
     Value caption;
@@ -94,14 +94,14 @@ struct ColumnModel
     int mandatoryAt = -1;
     int readOnlyAt = -1;
     Value valueTransfer;
-    int valueTransferResetAt = -1; ///< of a later element that takes a "true" back
+    int valueTransferResetAt = -1; ///< offset of a later element that resets a "true"
 
-    // What becomes of them.
+    // Results.
     Templates::CTemplateColumn::ColumnType type = Templates::CTemplateColumn::Unknown;
     int control = 0;
     QString path;    ///< bound column
     QString table;   ///< and its table
-    QString ownPath; ///< bound column before it is replaced by what a reference shows
+    QString ownPath; ///< bound column before it is replaced by the referenced one
     int order = 0;
     double minimum = 0.0;
     double maximum = 0.0;
@@ -117,20 +117,20 @@ struct ColumnModel
 
     /// Whether a host gets it.
     bool isBuilt() const { return type != Templates::CTemplateColumn::Unknown && !isExcluded && view >= 0; }
-    /// Its range, which a column for whole numbers has in whole numbers.
+    /// Its range, as whole numbers in a column of whole numbers.
     ColumnRange range() const;
     bool isNumeric() const
     {
         return type == Templates::CTemplateColumn::Integer || type == Templates::CTemplateColumn::Decimal;
     }
-    /// Whether it holds an identifier, which is the host's to make.
+    /// Whether it holds an identifier, which the host generates.
     bool isIdentifier() const
     {
         return dataType.text == QLatin1String("Guid") || dataType.text == QLatin1String("GUI");
     }
-    /// Whether new records start with a value that the file or the library gives.
+    /// Whether new records start with a value from the file or the library.
     bool hasDefault() const;
-    /// Whether it is bound to nothing that could be a field's name.
+    /// Whether its binding cannot be the name of a field.
     bool isUnbound() const { return path.trimmed().isEmpty(); }
 };
 
@@ -142,7 +142,7 @@ struct ListItemModel
     int sortOrder = -1;
 };
 
-/// A value list, with all items that come under its name.
+/// A value list with all items of its name.
 struct ListModel
 {
     QString name;
@@ -159,7 +159,7 @@ struct ListDeclaration
     int classType = 0;
 };
 
-/// An empty element of the legacy format that takes the white space behind it for its text.
+/// An empty element of the legacy format that takes the whitespace after it for its text.
 struct CapturedSpace
 {
     int at = 0;
@@ -167,7 +167,7 @@ struct CapturedSpace
     Templates::ValueKind kind = Templates::ValueKind::Text;
 };
 
-/// A text of the legacy format that is not read, since another piece of its element is.
+/// A text of the legacy format that is not read, since another chunk of its element is.
 struct IgnoredText
 {
     int at = 0;
@@ -175,7 +175,7 @@ struct IgnoredText
     QString read; ///< what is read instead
 };
 
-/// An element that a later one of its name overwrites, in the legacy format.
+/// An element of the legacy format that a later one of its name overwrites.
 struct OverwrittenElement
 {
     int at = 0; ///< of the later one
@@ -183,8 +183,7 @@ struct OverwrittenElement
     QString name;
 };
 
-/// A caption of the legacy format that reaches no class, or a group that is cleared by another one or by the
-/// first one behind it.
+/// A caption of the legacy format without legend class, or a group that a later one clears.
 struct LostLegend
 {
     enum Kind { CaptionWithoutClass, ClearedGroup, ClearedClasses };
@@ -192,10 +191,10 @@ struct LostLegend
     int at = 0;
     Kind kind = CaptionWithoutClass;
     QString name;
-    int count = 0; ///< of the classes that are cleared
+    int count = 0; ///< of the legend classes that are cleared
 };
 
-/// A section of the legacy format where none is looked for.
+/// A section of the legacy format in a place where it is not read.
 struct UnreachableSection
 {
     int at = 0;
@@ -203,18 +202,18 @@ struct UnreachableSection
     QString within;
 };
 
-/// A default value of the current format, which stands apart from its column.
+/// A default value of the current format, which is not inside its column.
 struct DefaultModel
 {
     int at = 0;
     QString path;
     Value view;
     Value value;
-    int overwrites = -1; ///< the place of an earlier one for the same column
+    int overwrites = -1; ///< the offset of an earlier one for the same column
     bool isUsed = false;
 };
 
-struct BandModel
+struct LegendClassModel
 {
     int at = 0;
     Value from;
@@ -228,27 +227,25 @@ struct TemplateModel
 {
     HeaderModel header;
     std::vector<ViewModel> views;
-    std::vector<ColumnModel> columns; ///< those of replaced views left out, where they are lost with them
+    std::vector<ColumnModel> columns; ///< without those that are lost with a replaced view
     std::vector<ListModel> lists;     ///< in the order of their names, as the record keeps them
     std::vector<ListDeclaration> listDeclarations;
     std::vector<DefaultModel> defaults;
-    std::vector<BandModel> legends[2]; ///< sections, laterals
+    std::vector<LegendClassModel> legends[2]; ///< sections, laterals
     std::vector<ReadValue> values;
 
-    // What only the legacy format knows.
+    // Only in the legacy format.
     std::vector<CapturedSpace> capturedSpaces;
     std::vector<IgnoredText> ignoredTexts;
     std::vector<OverwrittenElement> overwrittenElements;
     std::vector<LostLegend> lostLegends;
     std::vector<UnreachableSection> unreachableSections;
     std::vector<int> itemsWithoutList;
-    /// Of a legend class past the limit, when no group behind it takes others back; -1 when there is none.
-    int bandTooManyAt = -1;
 
-    /// To be called when the model is complete, before anything is looked up in it.
+    /// To be called when the model is complete, before any look-up.
     void makeIndex();
 
-    /// The list of a name; null when no item comes under it.
+    /// The list of a name; null when it has no items.
     const ListModel *list(const QString &name) const;
     /// The columns of a view, in the order of the file, whether a host gets them or not.
     std::vector<const ColumnModel *> columnsOf(std::size_t view) const;

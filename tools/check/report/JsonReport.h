@@ -6,10 +6,10 @@
 
 namespace Tobrix::Tools {
 
-/// The findings for another program.
+/// The findings as JSON.
 QJsonObject jsonReport(const std::vector<FileReport> &reports);
 
-/// The findings in the form that code hosts annotate lines by, SARIF 2.1.0.
+/// The findings as SARIF 2.1.0, which code hosts show as annotations.
 QJsonObject sarifReport(const std::vector<FileReport> &reports);
 
 } // namespace Tobrix::Tools

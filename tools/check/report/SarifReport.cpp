@@ -30,7 +30,7 @@ QJsonObject ruleJson(const Rule &rule)
             {QStringLiteral("defaultConfiguration"), configuration}};
 }
 
-/// A file's name as a reference: relative ones stay relative, so that a code host finds them in its tree.
+/// A file's name as a URI reference: relative ones stay relative, so that a code host finds them in its tree.
 QString uriOf(const QString &fileName)
 {
     if (QDir::isAbsolutePath(fileName)) {
@@ -59,7 +59,7 @@ QJsonObject resultJson(const QString &fileName, const ReportedFinding &finding)
             {QStringLiteral("locations"), QJsonArray{locationJson(fileName, finding.place)}}};
 }
 
-/// What kept files from being checked.
+/// Why files could not be checked.
 QJsonArray notificationsJson(const std::vector<FileReport> &reports)
 {
     QJsonArray notifications;

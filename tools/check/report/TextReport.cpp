@@ -9,7 +9,7 @@ namespace Tobrix::Tools {
 
 namespace {
 
-// Bright enough for dark terminals, dark enough for bright ones.
+// Legible on dark and on bright terminals.
 QString colourOf(Severity severity)
 {
     switch (severity) {

@@ -4,13 +4,13 @@
 
 namespace Tobrix::Tools {
 
-/// The findings for a person to read, one a line, with a line that adds them up.
+/// The findings as text, one per line, with a summary line.
 QString textReport(const std::vector<FileReport> &reports, bool isColoured);
 
-/// All rules, one a line.
+/// All rules, one per line.
 QString ruleList();
 
-/// What a rule is about, at length, with an example of what it finds and what it does not.
+/// The explanation of a rule, with an example that it finds and one that it does not.
 QString ruleExplanation(const Rule &rule, int lineWidth);
 
 } // namespace Tobrix::Tools

@@ -4,7 +4,7 @@ class QString;
 
 namespace Tobrix::Tools {
 
-/// Whether a text is a colour: #rgb, #rrggbb, #aarrggbb, or one of the names that SVG gives to colours.
+/// Whether a text is a colour: #rgb, #rrggbb, #aarrggbb, or one of SVG's colour names.
 bool isColour(const QString &text);
 
 } // namespace Tobrix::Tools

@@ -19,7 +19,7 @@ using namespace Templates;
 
 namespace {
 
-/// Calls something with every column that a host gets.
+/// Calls a function with every column that a host gets.
 template <typename Function>
 void forEachBuiltColumn(const CheckedFile &file, Function function)
 {
@@ -76,7 +76,7 @@ void addTie(const CheckedFile &file, const std::vector<const ColumnModel *> &tie
                  QString::number(first.order), others));
 }
 
-/// What a view has instead of columns that a host gets.
+/// Why a view has no columns for a host.
 QString whyEmpty(const std::vector<const ColumnModel *> &columns, bool isCurrent)
 {
     if (columns.empty()) {
@@ -86,20 +86,20 @@ QString whyEmpty(const std::vector<const ColumnModel *> &columns, bool isCurrent
                      : QStringLiteral("has only columns of unknown data types");
 }
 
-/// Whether somebody has to fill a column in who cannot.
+/// Whether a column requires a value that users cannot enter.
 bool lacksValue(const ColumnModel &column)
 {
     return column.isMandatory && !column.isVirtual && !column.isIdentifier() && !column.hasDefault();
 }
 
-/// Adds a finding about a column that lacks a value, for a reason.
+/// Adds a finding about a column without value, with a reason.
 void addLack(const ColumnModel &column, const QString &reason, Findings &findings)
 {
     const QString &text = column.defaultValue.text;
     const QString lack = text.isEmpty()
                              ? QStringLiteral("no default")
                              : QStringLiteral("the default %1, which is none to the host").arg(quoted(text));
-    // Somebody who writes "false" may know that a host takes a boolean without a default for that.
+    // "false" may be written on purpose: hosts use false for a boolean without a default.
     const bool isFalse = column.type == CTemplateColumn::Boolean && text == QLatin1String("false");
     findings.add(isFalse ? Severity::Note : Severity::Warning, column.mandatoryAt,
                  QStringLiteral("%1 must have a value, is %2 and has %3: nobody can fill it in")
@@ -196,7 +196,7 @@ void checkEmptyViews(const CheckedFile &file, Findings &findings)
         return column.view < 0 && column.type != CTemplateColumn::Unknown;
     };
     if (std::any_of(model.columns.begin(), model.columns.end(), isLost)) {
-        return; // where the columns belong is another rule's question
+        return; // another rule reports where the columns belong
     }
     const auto isLeftOut = [&file](const ColumnModel *column) {
         return file.isCurrent() ? column->isExcluded : column->type == CTemplateColumn::Unknown;
@@ -286,7 +286,7 @@ void checkSortOrders(const CheckedFile &file, Findings &findings)
     for (std::size_t view = 0; view < model.views.size(); ++view) {
         QHash<int, std::vector<const ColumnModel *>> byOrder;
         for (const ColumnModel *column : model.columnsOf(view)) {
-            // Nobody sees in which order hidden columns come.
+            // The order of hidden columns is not visible.
             if (column->isBuilt() && column->isVisible) {
                 byOrder[column->order].push_back(column);
             }
@@ -315,7 +315,7 @@ void checkIgnoredRanges(const CheckedFile &file, Findings &findings)
 {
     forEachBuiltColumn(file, [&](const ColumnModel &column) {
         for (const Value *limit : {&column.rangeFrom, &column.rangeTo, &column.step}) {
-            // Zeros are what files are filled with where there is no range.
+            // Zeros are common as placeholders for no range.
             if (!column.isNumeric() && limit->text.toDouble() != 0.0) {
                 findings.add(limit->at, QStringLiteral("%1 is a %2, which has no range: this one is ignored")
                                             .arg(nameOf(column), typeName(column.type)));

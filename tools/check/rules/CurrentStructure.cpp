@@ -11,7 +11,7 @@ using namespace Templates;
 
 namespace {
 
-/// Goes through a document with the placed elements around the current one at hand.
+/// Walks over a document and tracks the placed elements around the current one.
 class Placement
 {
 public:
@@ -22,7 +22,7 @@ public:
         }
     }
 
-    /// To be called with every element in the order of the document.
+    /// To be called with every element in document order.
     bool isPlaced(const XmlElement &element)
     {
         while (!m_around.empty() && !m_around.back().contains(element)) {
@@ -57,7 +57,7 @@ private:
 
 namespace {
 
-/// The name of what a look-up looks in; none for the whole document.
+/// The name of the element that a look-up searches; empty for the whole document.
 QLatin1String containerOf(CurrentLookup lookup)
 {
     return lookup == CurrentLookup::Document ? QLatin1String() : nameOf(elementOf(lookup));
@@ -74,7 +74,7 @@ std::vector<StructureRow> makeStructure()
             rows.push_back({containerOf(lookup.below), nameOf(lookup.element), lookup.take});
         }
     }
-    // The first of the document is the template's, and that is expected in the identifier.
+    // The first one in the document is the template's, which belongs in the identifier.
     for (const auto element : {CurrentElement::Name, CurrentElement::Version}) {
         rows.push_back({nameOf(CurrentElement::TemplateIdentifier), nameOf(element), Taken::First});
     }

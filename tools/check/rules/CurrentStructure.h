@@ -12,15 +12,15 @@ namespace Tobrix::Tools {
 /// Which elements of a name the host takes from a container.
 using Taken = Templates::CurrentTake;
 
-/// An element of the current format, and what the host looks for it in: at any depth.
+/// An element of the current format, and the container in which the host looks for it, at any depth.
 struct StructureRow
 {
-    QLatin1String container; // none for the whole document
+    QLatin1String container; // empty for the whole document
     QLatin1String part;
     Taken taken;
 };
 
-/// All places in which elements of the current format mean something.
+/// All places in which elements of the current format have a meaning.
 const std::vector<StructureRow> &currentStructure();
 
 /// The elements that the host looks for in a container.
@@ -29,14 +29,14 @@ QStringList partsOf(const QString &container);
 /// The containers that the host looks for an element in.
 QStringList containersOf(const QString &part);
 
-/// Whether an element is one whose text is read: all of it, whatever elements it stands in.
+/// Whether all text of an element is read, that of its descendants included.
 bool isTextElement(const Templates::XmlElement &element);
 
-/// The nearest element of a name around another one; null when there is none.
+/// The nearest ancestor with a name; null when there is none.
 Templates::XmlElement nearestAround(const Templates::XmlElement &element, QLatin1String name);
 
-/// The elements of a document of the current format that stand where the host looks for them, or where a rule
-/// of their own says that it does not.
+/// The elements of a current-format document in a place where the host looks for them, or that another rule
+/// reports.
 class PlacedElements
 {
 public:

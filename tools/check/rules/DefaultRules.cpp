@@ -21,10 +21,10 @@ using namespace Templates;
 
 namespace {
 
-/// Why a default value reaches no column.
+/// Why a default value applies to no column.
 enum class Miss { None, ViewIsId, KeyIsShown, NoColumn };
 
-/// What default values may refer to.
+/// The possible targets of default values.
 class DefaultTargets
 {
 public:
@@ -75,7 +75,7 @@ QStringList viewKeysOf(const TemplateModel &model)
     return keys;
 }
 
-/// Calls something with every default value that misses its column in one way.
+/// Calls a function with every default value that misses its column in one way.
 template <typename Function>
 void forEachMiss(const CheckedFile &file, Miss miss, Function function)
 {
@@ -87,7 +87,7 @@ void forEachMiss(const CheckedFile &file, Miss miss, Function function)
     }
 }
 
-/// Calls something with every column that a host gets with a default value of the file.
+/// Calls a function with every column that a host gets with a default value from the file.
 template <typename Function>
 void forEachDefault(const CheckedFile &file, Function function)
 {
@@ -98,7 +98,7 @@ void forEachDefault(const CheckedFile &file, Function function)
     }
 }
 
-/// The number that a default value gives; none when it gives none.
+/// The number of a default value; none when it is invalid.
 std::optional<double> numberOf(const ColumnModel &column)
 {
     bool isNumber = false;
@@ -109,7 +109,7 @@ std::optional<double> numberOf(const ColumnModel &column)
     return isNumber ? std::optional<double>(number) : std::nullopt;
 }
 
-/// Whether a default value is written as a number that its column's type does not have.
+/// Whether a default value is a number out of range for its column's type.
 bool isBeyondType(const ColumnModel &column)
 {
     const QString &text = column.defaultValue.text;

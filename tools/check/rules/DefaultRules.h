@@ -5,7 +5,7 @@ namespace Tobrix::Tools {
 class CheckedFile;
 class Findings;
 
-// Rules about default values: whether they reach their column, and what becomes of them there.
+// Rules about default values: which column they apply to, and with which result.
 
 void checkUnusedDefaults(const CheckedFile &file, Findings &findings);
 void checkDefaultViews(const CheckedFile &file, Findings &findings);

@@ -70,7 +70,7 @@ QString effectOfMalformation(const CheckedFile &file)
                : QStringLiteral("the host reads only the tags and texts that are whole up to here");
 }
 
-/// How much an element looks like the header's, most first.
+/// The likelihood that an element belongs to the header, highest first.
 enum class Likeness { OfHeader, BesideHeader, InUnknownElement, OfOtherElement };
 
 Likeness likenessOf(const XmlElement &element, const XmlElement &identifier)
@@ -88,7 +88,7 @@ Likeness likenessOf(const XmlElement &element, const XmlElement &identifier)
     return isBeside ? Likeness::BesideHeader : Likeness::InUnknownElement;
 }
 
-/// Judges a name or a version of the template by all elements that it might be.
+/// Checks a name or a version of the template against all elements that could be it.
 void checkFirstElement(const CheckedFile &file, const std::vector<XmlElement> &elements,
                        const XmlElement &identifier, Findings &findings)
 {
@@ -122,8 +122,7 @@ QString effectOfUnknownEntity(const XmlTree &tree, int at)
                     : QStringLiteral("the host gets it as it stands");
 }
 
-/// Whether an id or a key is one that nobody sees. White space behind an empty element is another rule's
-/// find.
+/// Whether an id or a key is whitespace only. Whitespace after an empty element is reported by another rule.
 bool isMissing(const Value &name)
 {
     return name.isBlank() && !name.isCaptured;

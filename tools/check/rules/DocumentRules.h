@@ -5,7 +5,7 @@ namespace Tobrix::Tools {
 class CheckedFile;
 class Findings;
 
-// Rules about a document as a whole: whether it is read at all, and which of its elements are.
+// Rules about a document as a whole: whether it is read, and which of its elements are.
 
 void checkWellFormed(const CheckedFile &file, Findings &findings);
 void checkLimits(const CheckedFile &file, Findings &findings);

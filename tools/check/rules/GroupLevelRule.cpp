@@ -33,7 +33,7 @@ void checkLevels(const XmlElement &levels, Findings &findings)
     }
 }
 
-/// Whether somebody has written a word that says that the levels do not count.
+/// Whether a restriction makes its column visible at all levels.
 bool saysSimple(const XmlElement &restriction)
 {
     const XmlAttribute *simple = restriction.attribute(attributeOf(CurrentValue::ColumnIsVisibleEverywhere));
@@ -53,7 +53,7 @@ void checkGroupLevels(const CheckedFile &file, Findings &findings)
                 findings.add(levels.at(), QStringLiteral("group levels outside of the column's "
                                                          "<VisibilityRestriction> are ignored"));
             } else if (!(restriction.first(groupLevel) == levels)) {
-                continue; // a second one, which is another rule's to find
+                continue; // a second one is reported by another rule
             } else if (saysSimple(restriction)) {
                 if (hasLevelThatIsSet(levels)) {
                     findings.add(levels.at(),

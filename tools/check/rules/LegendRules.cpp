@@ -18,40 +18,41 @@ using namespace Templates;
 namespace {
 
 template <typename Function>
-void forEachBand(const CheckedFile &file, Function function)
+void forEachLegendClass(const CheckedFile &file, Function function)
 {
     for (const auto &legend : file.model().legends) {
         std::for_each(legend.begin(), legend.end(), function);
     }
 }
 
-/// Calls something with every class of a legend that has one below it, and with that class of those below it
-/// that reaches highest. Classes that no value falls into are left out.
+/// Calls a function with every legend class that has lower ones, and the lower one with the highest upper
+/// bound. Reversed legend classes are left out.
 template <typename Function>
 void forEachNeighbour(const CheckedFile &file, Function function)
 {
     for (const auto &legend : file.model().legends) {
-        std::vector<const BandModel *> bands;
-        for (const auto &band : legend) {
-            if (band.lower <= band.upper) {
-                bands.push_back(&band);
+        std::vector<const LegendClassModel *> legendClasses;
+        for (const auto &legendClass : legend) {
+            if (legendClass.lower <= legendClass.upper) {
+                legendClasses.push_back(&legendClass);
             }
         }
-        std::stable_sort(bands.begin(), bands.end(),
-                         [](const BandModel *a, const BandModel *b) { return a->lower < b->lower; });
-        const BandModel *highest = nullptr;
-        for (const BandModel *band : bands) {
+        std::stable_sort(
+            legendClasses.begin(), legendClasses.end(),
+            [](const LegendClassModel *a, const LegendClassModel *b) { return a->lower < b->lower; });
+        const LegendClassModel *highest = nullptr;
+        for (const LegendClassModel *legendClass : legendClasses) {
             if (highest) {
-                function(*highest, *band);
+                function(*highest, *legendClass);
             }
-            highest = highest && highest->upper > band->upper ? highest : band;
+            highest = highest && highest->upper > legendClass->upper ? highest : legendClass;
         }
     }
 }
 
-QString rangeOf(const BandModel &band)
+QString rangeOf(const LegendClassModel &legendClass)
 {
-    return QStringLiteral("%1 to %2").arg(inWords(band.lower), inWords(band.upper));
+    return QStringLiteral("%1 to %2").arg(inWords(legendClass.lower), inWords(legendClass.upper));
 }
 
 QString faultOf(const LostLegend &lost)
@@ -74,14 +75,14 @@ bool isWhole(double number)
     return std::trunc(number) == number;
 }
 
-/// Whether two classes of whole numbers follow each other: 0 to 9, 10 to 24.
+/// Whether two legend classes of whole numbers are adjacent: 0 to 9, 10 to 24.
 bool areOneApart(double upper, double lower)
 {
     return isWhole(upper) && isWhole(lower) && lower - upper == 1.0;
 }
 
-/// Finds a legend whose name or object is none that the host shows.
-/// @return whether it is one of them
+/// Finds a legend whose name or object is unknown to the host.
+/// @return whether it is known
 bool checkScope(const XmlElement &scope, QLatin1String attributeName, const QStringList &known,
                 const QString &effect, Findings &findings)
 {
@@ -99,7 +100,7 @@ bool checkScope(const XmlElement &scope, QLatin1String attributeName, const QStr
     return false;
 }
 
-/// The value of an attribute with its place, or with that of the element that has none.
+/// The value of an attribute and its offset, or that of the element without the attribute.
 Value attributeOf(const XmlElement &element, QLatin1String name)
 {
     const XmlAttribute *attribute = element.attribute(name);
@@ -107,7 +108,7 @@ Value attributeOf(const XmlElement &element, QLatin1String name)
                      : Value{QString(), element.at()};
 }
 
-/// What the presets for sections come to: the scan for them ends with the first that completes them.
+/// The result of the presets for sections: the search ends with the first preset that completes it.
 struct SectionPresets
 {
     XmlElement first;
@@ -139,7 +140,7 @@ SectionPresets sectionPresets(const XmlTree &tree)
     return presets;
 }
 
-/// Finds presets that seem to be for sections where none is.
+/// Finds presets that look meant for sections where there is none for them.
 void checkPresetScopes(const XmlTree &tree, Findings &findings)
 {
     const QString taken = CurrentWords::sectionScope;
@@ -174,25 +175,26 @@ void checkLegendScopes(const CheckedFile &file, Findings &findings)
     }
 }
 
-void checkReversedBands(const CheckedFile &file, Findings &findings)
+void checkReversedLegendClasses(const CheckedFile &file, Findings &findings)
 {
-    forEachBand(file, [&](const BandModel &band) {
-        if (band.lower > band.upper) {
-            const Value &end = band.to.isGiven() ? band.to : band.from;
-            findings.add(end.at, QStringLiteral("no value falls into the class from %1").arg(rangeOf(band)));
+    forEachLegendClass(file, [&](const LegendClassModel &legendClass) {
+        if (legendClass.lower > legendClass.upper) {
+            const Value &end = legendClass.to.isGiven() ? legendClass.to : legendClass.from;
+            findings.add(end.at,
+                         QStringLiteral("no value falls into the class from %1").arg(rangeOf(legendClass)));
         }
     });
 }
 
 void checkOverlaps(const CheckedFile &file, Findings &findings)
 {
-    forEachNeighbour(file, [&](const BandModel &below, const BandModel &band) {
-        const bool isSame = band.lower == below.lower && band.upper == below.upper;
-        if (band.lower < below.upper || isSame) {
-            findings.add(band.at,
+    forEachNeighbour(file, [&](const LegendClassModel &below, const LegendClassModel &legendClass) {
+        const bool isSame = legendClass.lower == below.lower && legendClass.upper == below.upper;
+        if (legendClass.lower < below.upper || isSame) {
+            findings.add(legendClass.at,
                          QStringLiteral("the class from %1 overlaps the one from %2 in line %3: which colour "
                                         "a value gets is the host's choice")
-                             .arg(rangeOf(band), rangeOf(below))
+                             .arg(rangeOf(legendClass), rangeOf(below))
                              .arg(file.lineOf(below.at)));
         }
     });
@@ -200,24 +202,26 @@ void checkOverlaps(const CheckedFile &file, Findings &findings)
 
 void checkGaps(const CheckedFile &file, Findings &findings)
 {
-    forEachNeighbour(file, [&](const BandModel &below, const BandModel &band) {
-        if (band.lower > below.upper && !areOneApart(below.upper, band.lower)) {
-            findings.add(band.at, QStringLiteral("values between %1 and %2 are in no class")
-                                      .arg(inWords(below.upper), inWords(band.lower)));
+    forEachNeighbour(file, [&](const LegendClassModel &below, const LegendClassModel &legendClass) {
+        if (legendClass.lower > below.upper && !areOneApart(below.upper, legendClass.lower)) {
+            findings.add(legendClass.at, QStringLiteral("values between %1 and %2 are in no class")
+                                             .arg(inWords(below.upper), inWords(legendClass.lower)));
         }
     });
 }
 
 void checkColours(const CheckedFile &file, Findings &findings)
 {
-    forEachBand(file, [&](const BandModel &band) {
-        const QString &text = band.color.text;
+    forEachLegendClass(file, [&](const LegendClassModel &legendClass) {
+        const QString &text = legendClass.color.text;
         if (text.isEmpty()) {
-            findings.add(band.at, QStringLiteral("the class from %1 has no colour").arg(rangeOf(band)));
-        } else if (!band.color.isBlank() && !isColour(text) && !isColour(text.trimmed())) {
-            findings.add(band.color.at, QStringLiteral("%1 is no colour: the host gets the text as it is and "
-                                                       "shows what it shows for unknown ones")
-                                            .arg(quoted(text)));
+            findings.add(legendClass.at,
+                         QStringLiteral("the class from %1 has no colour").arg(rangeOf(legendClass)));
+        } else if (!legendClass.color.isBlank() && !isColour(text) && !isColour(text.trimmed())) {
+            findings.add(legendClass.color.at,
+                         QStringLiteral("%1 is no colour: the host gets the text as it is and "
+                                        "shows what it shows for unknown ones")
+                             .arg(quoted(text)));
         }
     });
 }

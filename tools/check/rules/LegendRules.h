@@ -8,7 +8,7 @@ class Findings;
 // Rules about the classification legends and the colours that a template starts with.
 
 void checkLegendScopes(const CheckedFile &file, Findings &findings);
-void checkReversedBands(const CheckedFile &file, Findings &findings);
+void checkReversedLegendClasses(const CheckedFile &file, Findings &findings);
 void checkOverlaps(const CheckedFile &file, Findings &findings);
 void checkGaps(const CheckedFile &file, Findings &findings);
 void checkColours(const CheckedFile &file, Findings &findings);

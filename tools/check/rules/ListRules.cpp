@@ -16,7 +16,7 @@ using namespace Templates;
 
 namespace {
 
-/// The items in a sentence, in the order in which the host gets the last list.
+/// The items in a sentence, in the order of the last list in the host.
 QString reversed(const std::vector<ListItemModel> &items)
 {
     constexpr std::size_t enough = 6;
@@ -31,7 +31,7 @@ QString reversed(const std::vector<ListItemModel> &items)
     return names.join(QStringLiteral(", "));
 }
 
-/// The columns that a list is for, by its name.
+/// The columns that use a list, by its name.
 QHash<QString, std::vector<const ColumnModel *>> columnsByList(const TemplateModel &model)
 {
     QHash<QString, std::vector<const ColumnModel *>> columns;
@@ -126,11 +126,11 @@ void checkListOrder(const CheckedFile &file, Findings &findings)
         return;
     }
     const ListModel &last = file.model().lists.back();
-    const auto isBehind = [](const ListItemModel &a, const ListItemModel &b) {
+    const auto isAfter = [](const ListItemModel &a, const ListItemModel &b) {
         return a.sortOrder < b.sortOrder;
     };
-    // From its end, the list has to be in order.
-    if (std::is_sorted(last.items.rbegin(), last.items.rend(), isBehind)) {
+    // The host gets the items in reverse order.
+    if (std::is_sorted(last.items.rbegin(), last.items.rend(), isAfter)) {
         return;
     }
     findings.add(last.at,

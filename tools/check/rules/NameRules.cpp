@@ -1,4 +1,4 @@
-// The rules about names of elements and attributes, and about elements that stand where another one counts.
+// The rules about names of elements and attributes, and about elements in a place where another one counts.
 
 #include "tools/check/CheckedFile.h"
 #include "tools/check/model/LegacyTokens.h"
@@ -22,7 +22,7 @@ using namespace Templates;
 
 namespace {
 
-/// Whether an element's name looks like that of a container: Columns, Views, Texts.
+/// Whether an element's name is that of a container: Columns, Views, Texts.
 bool isPlural(const XmlElement &element)
 {
     return element.name().endsWith(QLatin1Char('s'));
@@ -36,8 +36,8 @@ void addUnknownElement(const XmlElement &element, const QString &nearest, Findin
     findings.add(nearest.isEmpty() ? Severity::Note : Severity::Warning, element.at(), message);
 }
 
-/// The unknown elements of the current format. The host finds its own at any depth, so that containers of any
-/// name may hold them.
+/// The unknown elements of the current format. The host finds known ones at any depth, so containers may have
+/// any name.
 class CurrentElementNames
 {
 public:
@@ -72,10 +72,10 @@ private:
         }
     }
 
-    /// A note, since other things may have parts as columns have them.
+    /// A note, since other elements may have similar parts.
     void checkMisplaced(const XmlElement &element)
     {
-        // Names and versions may be those of anything; group levels have a rule of their own.
+        // Names and versions are too common; group levels have their own rule.
         constexpr QLatin1String others[] = {nameOf(CurrentElement::Name), nameOf(CurrentElement::Version),
                                             nameOf(CurrentElement::GroupLevel)};
         const QString name = element.name();
@@ -145,7 +145,7 @@ private:
     void check(const XmlElement &element, const QString &section)
     {
         if (holdsSections(element)) {
-            return; // which are out of reach, as another rule says
+            return; // another rule reports these
         }
         const QString name = element.name();
         const QString home = legacySectionOf(name);
@@ -175,20 +175,20 @@ private:
     QHash<QString, NearestNames> m_names;
 };
 
-/// Whether an attribute is of XML itself or, as the reference to a schema is, of another vocabulary.
+/// Whether an attribute belongs to XML itself or another vocabulary, such as a schema reference.
 bool isOfOthers(const QString &attribute)
 {
     return attribute == QLatin1String("xmlns") || attribute.contains(QLatin1Char(':'));
 }
 
-/// Elements of the current format that may have any attribute: the levels that a rule of their own looks at,
-/// and texts in several languages.
+/// Elements of the current format with any attributes: levels, which have their own rule, and multilingual
+/// texts.
 bool hasAttributesOfItsOwn(const QString &element)
 {
     return element == nameOf(CurrentElement::GroupLevel) || element == nameOf(CurrentElement::TextItem);
 }
 
-/// What may stand in an element: the attributes that the host reads, and the elements within.
+/// The allowed content of an element: the attributes that the host reads, and child elements.
 struct ElementVocabulary
 {
     QStringList (*attributesOf)(const QString &element);
@@ -214,7 +214,7 @@ void checkAttributes(const XmlElement &element, const QStringList &known, const 
     }
 }
 
-/// Whether the host takes the first of all elements of a name, which may stand in any other element.
+/// Whether the host takes the first of all elements of a name, in whichever element it is.
 bool isTakenFromAll(QLatin1String part)
 {
     const auto &rows = currentStructure();
@@ -223,7 +223,7 @@ bool isTakenFromAll(QLatin1String part)
     });
 }
 
-/// Finds parts that stand where the same container has one already.
+/// Finds parts of a container that has one of them already.
 void checkSinglePart(const CheckedFile &file, const StructureRow &row, Findings &findings)
 {
     QHash<int, int> firstOfContainer;
@@ -245,11 +245,11 @@ void checkSinglePart(const CheckedFile &file, const StructureRow &row, Findings 
     }
 }
 
-/// An element of the current format that lends what it holds to one of its kind around it.
+/// An element of the current format whose content also applies to an element of the same kind around it.
 struct Nesting
 {
     QLatin1String container;
-    QLatin1String effect; ///< none where it lends only the parts that the outer one does not have before it
+    QLatin1String effect; ///< empty where only the parts apply that the outer one does not have before it
 };
 
 constexpr Nesting nestings[] = {
@@ -266,7 +266,7 @@ constexpr Nesting nestings[] = {
     {nameOf(CurrentElement::ClassificationColor), QLatin1String()},
 };
 
-/// Knows which parts the elements of one name take from others of it within them.
+/// Tracks the parts that elements of one name take from nested elements of that name.
 class LentParts
 {
 public:
@@ -279,7 +279,7 @@ public:
         }
     }
 
-    /// The names of the parts that an element takes for its own, although they stand in another one.
+    /// The names of the parts that an element takes from a nested element.
     QStringList of(const XmlElement &inner, const XmlElement &outer)
     {
         auto taken = m_taken.find(outer.index());
@@ -303,7 +303,7 @@ private:
     QHash<int, std::vector<XmlElement>> m_taken; // by outer elements
 };
 
-/// What an element does to the one of its kind around it; empty for nothing.
+/// The effect of an element on the one of its kind around it; empty for none.
 QString effectOf(const Nesting &nesting, const QStringList &lentParts)
 {
     if (!nesting.effect.isEmpty() || lentParts.isEmpty()) {

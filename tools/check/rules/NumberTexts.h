@@ -4,7 +4,7 @@ class QString;
 
 namespace Tobrix::Tools {
 
-// Whether a text is written as a number, be it one that fits where it is kept or not.
+// Whether a text is written as a number, in range or not.
 
 bool isWholeNumberText(const QString &text);
 bool isRealNumberText(const QString &text);

@@ -25,7 +25,7 @@ std::vector<Finding> Findings::sorted() const
     std::vector<Finding> findings = m_findings;
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding &a, const Finding &b) { return a.at < b.at; });
-    // A column in two views is read twice, and has its faults twice.
+    // A column in two views is read twice, and so are its faults.
     const auto isSame = [](const Finding &a, const Finding &b) {
         return a.at == b.at && a.rule == b.rule && a.message == b.message;
     };

@@ -9,17 +9,16 @@ namespace Tobrix::Tools {
 class CheckedFile;
 class Findings;
 
-/// How bad a finding is.
+/// The severity of a finding.
 enum class Severity {
-    Note,    ///< may well be meant
-    Warning, ///< hardly meant
+    Note,    ///< possibly intended
+    Warning, ///< probably not intended
     Error    ///< something is lost for certain
 };
 
 /// The formats that a rule is about.
 enum class Formats { Current, Legacy, Both };
 
-/// One rule of the checker.
 struct Rule
 {
     const char *id;
@@ -27,10 +26,10 @@ struct Rule
     Formats formats;
     void (*check)(const CheckedFile &file, Findings &findings);
     const char *summary;
-    const char *explanation; ///< what happens at load, and what to do about it
+    const char *explanation; ///< what happens at load, and how to fix it
     const char *wrong;
     const char *right;
-    bool silencesRest = false; ///< whether nothing else can be said of a file that breaks it
+    bool silencesRest = false; ///< whether a violation prevents all other rules
 
     bool appliesTo(bool isCurrent) const
     {
@@ -47,21 +46,21 @@ struct Finding
     QString message;
 };
 
-/// What rules find in one file.
+/// The findings in one file.
 class Findings
 {
 public:
-    /// Begins with a rule: what is added from now on is its own.
+    /// Starts a rule, which owns all findings added from now on.
     void begin(const Rule &rule);
 
-    /// Adds a finding, of the rule's severity or another one. What a rule has said of a place it does not say
-    /// a second time.
+    /// Adds a finding with the rule's severity or another one. A rule reports the same finding at an offset
+    /// only once.
     void add(int at, const QString &message);
     void add(Severity severity, int at, const QString &message);
 
     /// Whether the current rule has found anything.
     bool hasFound() const { return m_findings.size() > m_begin; }
-    /// Forgets what the current rule has found.
+    /// Discards the findings of the current rule.
     void drop() { m_findings.resize(m_begin); }
 
     /// All of them, in the order of the file.

@@ -28,7 +28,7 @@ const std::vector<Rule> &allRules()
     {"limit-exceeded", Severity::Error, Formats::Both, checkLimits,
      "the file asks for more than the library gives",
      "Templates come from other offices, so that the library keeps what one may ask of the host "
-     "within limits: elements in each other, attributes of an element, the size of a document type, "
+     "within limits: the nesting depth, the attributes of an element, the size of a document type, "
      "columns and items in all. Nothing of a file beyond a limit is used: in the current format the "
      "host gets an empty template, in the legacy format none. No other rule looks at such a file.",
      "<Template a1=\"\" a2=\"\" ...> and so on, up to 257 attributes",
@@ -470,7 +470,7 @@ const std::vector<Rule> &allRules()
      "Others may be the host's own. It is a warning when the name is near one of these.",
      "<ClassificationColorScope Name=\"ClassColorDefault\" Scope=\"Sections\"/>",
      "<ClassificationColorScope Name=\"ClassColorDefault\" Scope=\"Section\"/>"},
-    {"legend-range-reversed", Severity::Warning, Formats::Both, checkReversedBands,
+    {"legend-range-reversed", Severity::Warning, Formats::Both, checkReversedLegendClasses,
      "no value falls into a class of a legend",
      "The lower bound is above the upper one. A bound that is not given is 0 in the current format "
      "and -1 in the legacy format.",

@@ -6,10 +6,10 @@
 
 namespace Tobrix::Tools {
 
-/// All rules, in the order in which they are gone through and listed.
+/// All rules, in the order in which they run and are listed.
 const std::vector<Rule> &allRules();
 
-/// The rule of an id; null when there is none.
+/// The rule with an id; null when there is none.
 const Rule *ruleOf(const QString &id);
 
 /// A severity as it is printed: "note", "warning", "error".

@@ -20,7 +20,7 @@ namespace {
 
 constexpr QLatin1String textItem = nameOf(CurrentElement::TextItem);
 
-/// Whether an element applies to a column by its presence, whatever text it has.
+/// Whether the presence of an element applies to a column, whatever text it has.
 bool isPresence(const XmlElement &element)
 {
     return std::any_of(std::begin(currentValues), std::end(currentValues), [&element](const auto &row) {
@@ -35,7 +35,7 @@ bool isTextHolder(const XmlElement &element)
     return names.contains(element.name());
 }
 
-/// Whether an element stands in one whose text is read, and with it the element's own.
+/// Whether an element is inside one whose text is read, including the element's own.
 bool isWithinText(const XmlElement &element)
 {
     XmlElement around = element;
@@ -45,7 +45,7 @@ bool isWithinText(const XmlElement &element)
     return !around.isNull();
 }
 
-/// Knows which of several elements in one container the host takes, the first of its name.
+/// Determines which of several elements in one container the host takes: the first of its name.
 class TakenElements
 {
 public:
@@ -72,7 +72,7 @@ private:
     QHash<QPair<int, int>, int> m_firsts;
 };
 
-/// Judges an element that should have its text in a TextItem.
+/// Checks an element that should have its text in a TextItem.
 void checkTextHolder(const XmlElement &holder, Findings &findings)
 {
     const QString read = holder.first(textItem).text();
@@ -88,7 +88,7 @@ void checkPresence(const XmlElement &element, Findings &findings)
 {
     const QString text = element.text().trimmed().toLower();
     if (text == QLatin1String("true")) {
-        return; // says what the host makes of it
+        return; // reports what the host reads
     }
     const bool isOpposite = text == QLatin1String("false");
     findings.add(
@@ -96,7 +96,7 @@ void checkPresence(const XmlElement &element, Findings &findings)
         QStringLiteral("this text is not read: <%1> applies whatever stands in it").arg(element.name()));
 }
 
-/// Whether a text is hardly a remark: it stands between other elements, or instead of the attributes.
+/// Whether a text is probably no remark: it is between other elements, or instead of the attributes.
 bool isMisplacedText(const XmlElement &element, const QStringList &attributes)
 {
     const auto given = element.attributes();
@@ -106,7 +106,7 @@ bool isMisplacedText(const XmlElement &element, const QStringList &attributes)
     return !partsOf(element.name()).isEmpty() || std::none_of(given.begin(), given.end(), isRead);
 }
 
-/// Judges a known element that has text of its own, of which it takes none.
+/// Checks a known element with text of its own, which is not read.
 void checkTextless(const XmlElement &element, Findings &findings)
 {
     if (isPresence(element)) {
@@ -125,7 +125,7 @@ void checkTextless(const XmlElement &element, Findings &findings)
     }
 }
 
-/// The known elements that have text of their own that is not read.
+/// The known elements with text of their own that is not read.
 std::vector<XmlElement> elementsWithUnreadText(const XmlTree &tree)
 {
     std::vector<XmlElement> elements;
@@ -157,7 +157,7 @@ void checkUnreadTexts(const CheckedFile &file, Findings &findings)
     TakenElements taken;
     for (const auto &element : elements) {
         if (!placed.contain(element)) {
-            continue; // not read at all, as another rule says
+            continue; // not read at all, as another rule reports
         }
         if (!isTextHolder(element)) {
             checkTextless(element, findings);

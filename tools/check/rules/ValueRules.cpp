@@ -25,7 +25,7 @@ bool isReal(ValueKind kind)
     return kind == ValueKind::Real || kind == ValueKind::WholeOfReal;
 }
 
-/// Whether a number that is left blank means another one than a number that is left out.
+/// Whether a blank number has another meaning than a missing one.
 bool mattersWhenBlank(const ReadValue &read)
 {
     return isReal(read.kind) || read.name.endsWith(attributeOf(CurrentValue::ColumnPrecision));
@@ -38,7 +38,7 @@ bool convertsToInteger(const QString &text)
     return isConverted;
 }
 
-/// What is wrong with a value that should be a number; empty when nothing is.
+/// What is wrong with the number in a value; empty when nothing is.
 QString faultOfNumber(const ReadValue &read)
 {
     const QString &text = read.value.text;
@@ -73,13 +73,13 @@ bool isFlagText(const QString &text)
     return text == QLatin1String("true") || text == QLatin1String("false") || text.trimmed().isEmpty();
 }
 
-/// Whether a flag does something where it is false.
+/// Whether a flag has an effect when it is false.
 bool isInverted(const QString &name)
 {
     return name == attributeOf(CurrentValue::ColumnIsVisibleEverywhere);
 }
 
-/// The spelling of a flag that does something. All other texts are like the other one.
+/// The spelling of a flag that has an effect. All other texts count as the opposite.
 QLatin1String effectiveFlag(const QString &name)
 {
     return isInverted(name) ? QLatin1String("false") : QLatin1String("true");
@@ -96,7 +96,7 @@ constexpr QLatin1String spellingsOfTrue[] = {QLatin1String("true"), QLatin1Strin
 constexpr QLatin1String spellingsOfFalse[] = {QLatin1String("false"), QLatin1String("0"), QLatin1String("no"),
                                               QLatin1String("off")};
 
-/// What people write who mean a flag to be what it is read as anyway.
+/// Other spellings of the value that a flag is read as anyway.
 const auto &harmlessSpellings(const QString &name)
 {
     return isInverted(name) ? spellingsOfTrue : spellingsOfFalse;
@@ -110,7 +110,7 @@ bool isOneOf(const QString &text, const Spellings &spellings)
                        [&plain](QLatin1String spelling) { return plain == spelling; });
 }
 
-/// The places of values of white space that rules of their own judge, which know what is lost with them.
+/// The offsets of whitespace values that other rules report, with the consequences.
 QSet<int> placesOfJudgedBlanks(const TemplateModel &model)
 {
     QSet<int> places;
@@ -139,13 +139,13 @@ QSet<int> placesOfJudgedBlanks(const TemplateModel &model)
     return places;
 }
 
-/// Names that rules of their own judge, which know what is lost with them.
+/// Names whose values other rules report, with the consequences.
 bool isJudgedElsewhere(const QString &name)
 {
     return name == attributeOf(CurrentValue::ColumnDataType);
 }
 
-/// Finds values that are nothing but white space, and are compared with others nonetheless.
+/// Finds values that are whitespace only, although they are compared with others.
 void checkBlanks(const CheckedFile &file, Findings &findings)
 {
     const QSet<int> judged = placesOfJudgedBlanks(file.model());
@@ -245,7 +245,7 @@ void checkCapturedSpace(const CheckedFile &file, Findings &findings)
 {
     for (const auto &captured : file.model().capturedSpaces) {
         if (captured.kind == ValueKind::Flag) {
-            continue; // reads as false, as it would without
+            continue; // reads as false, as without it
         }
         const QString effect = captured.kind == ValueKind::Integer
                                    ? QStringLiteral("it reads as 0")

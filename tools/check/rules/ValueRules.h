@@ -5,7 +5,7 @@ namespace Tobrix::Tools {
 class CheckedFile;
 class Findings;
 
-// Rules about values of any meaning: what a reader takes them for.
+// Rules about values of any meaning: how a reader converts them.
 
 void checkNumbers(const CheckedFile &file, Findings &findings);
 void checkNumberRanges(const CheckedFile &file, Findings &findings);

@@ -6,25 +6,25 @@
 
 namespace Tobrix::Tools {
 
-// The names that the formats' readers know, for rules about names.
+// The names that the format readers know, for rules about names.
 
 /// The elements of the current format.
 const QStringList &currentElementNames();
 
-/// Whether the current format's reader knows an element's name.
+/// Whether the current format has an element of that name.
 bool isCurrentElement(const Templates::XmlElement &element);
 
 /// The attributes of an element of the current format that are read.
 QStringList currentAttributeNames(const QString &elementName);
 
-/// The elements that the legacy format's reader knows below a section, or below containers for a null one.
+/// The elements that the legacy format has in a section, or in containers for a null one.
 QStringList legacyElementNames(const QString &section);
 
-/// The section that an element of the legacy format belongs in; empty for a name that it does not have.
+/// The section of an element of the legacy format; empty for an unknown name.
 QString legacySectionOf(const QString &elementName);
 
-/// Whether an element of a name is a section of the legacy format, or a part of one. Containers are neither:
-/// what a template's root may have besides is anybody's.
+/// Whether a name is that of a section of the legacy format, or of an element in one. Containers are neither:
+/// other programs may add elements to a template's root.
 bool isSectionOrPart(const QString &elementName);
 
 /// The attributes of an element of the legacy format that are read.

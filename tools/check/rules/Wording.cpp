@@ -11,10 +11,10 @@ namespace Tobrix::Tools {
 
 namespace {
 
-// Names of elements and codes are shorter than that; whatever is longer was not mistyped.
+// Names of elements and codes are shorter than that; longer texts are not compared.
 constexpr int longestName = 64;
 
-/// The number of letters to insert, leave out, replace or swap with their neighbours.
+/// The edit distance: letters inserted, deleted, replaced, or swapped with their neighbours.
 int distanceBetween(const QString &a, const QString &b)
 {
     const int width = b.size() + 1;
@@ -43,7 +43,7 @@ int distanceBetween(const QString &a, const QString &b)
     return cell(a.size(), b.size());
 }
 
-/// How far a name may be from one that it is mistaken for.
+/// The maximum distance between a mistyped name and the intended one.
 int tolerance(int size)
 {
     return size < 4 ? 0 : size < 8 ? 1 : 2;

@@ -8,30 +8,30 @@
 
 namespace Tobrix::Tools {
 
-// Pieces of the sentences that rules speak in. Texts of a file go into the last call of QString::arg(): a
-// later one would take a "%1" in them for its own.
+// Parts of the rules' messages. Texts of a file go into the last call of QString::arg(): a later one would
+// replace a "%1" in them.
 
-/// A text of a file in a sentence: on one line, not too long.
+/// A text of a file in a sentence: on one line, shortened.
 QString inBrief(const QString &text);
 
 /// The same in quotes.
 QString quoted(const QString &text);
 
-/// A number in a sentence, without needless digits.
+/// A number in a sentence, without unnecessary digits.
 QString inWords(double number);
 
-/// The length of a text in a sentence: its characters, and what they count as for the host where that
-/// differs, which counts those outside of the basic plane twice.
+/// The length of a text in a sentence: its characters and, where different, its UTF-16 units, which the host
+/// counts.
 QString lengthInWords(const QString &text);
 
-/// A column in a sentence: its caption, or what it is bound to.
+/// A column in a sentence: its caption or its binding.
 QString nameOf(const ColumnModel &column);
 
-/// The name out of many that somebody may have meant; empty when none is near enough.
+/// The name that a mistyped one is closest to; empty when none is close enough.
 QString nearestOf(const QString &name, const QStringList &candidates);
 
-/// Finds the nearest of the same names many times, as most names that nobody knows stand in a file more than
-/// once. Gives up on files that make it look for too much.
+/// Repeats that search for many names in the same set, with a cache. Stops in files that need too many
+/// comparisons.
 class NearestNames
 {
 public:
