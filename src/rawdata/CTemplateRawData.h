@@ -21,6 +21,9 @@ class CTemplateColumn;
 ///
 /// The record owns the views, list items and columns that are in it. The builder takes them out; whatever is
 /// left is deleted with the record. Null entries do no harm.
+///
+/// The record may grow at its end in a minor version: code that makes, copies or embeds one is compiled with
+/// the headers of the library that it runs with. Derive nothing from it.
 struct TOBRIX_TEMPLATES_EXPORT CTemplateRawData : public CTemplateBaseData
 {
     /// An empty record.
