@@ -51,7 +51,7 @@ tobrix_debian_package(Development libtobrixtemplates-dev libdevel "${both_librar
 "catalogue templates of pipe networks, development files
 Headers, CMake package and pkg-config files for programs that read
 catalogue templates.")
-tobrix_debian_package(Tool tobrix-template utils "${both_libraries}"
+tobrix_debian_package(Tool tobrix-template utils "${host_package} (= ${debian_version})"
 "look at catalogue templates of pipe networks
 Prints what a host program would get of a catalogue template: header,
 views with their columns, value lists and legends; for people or as

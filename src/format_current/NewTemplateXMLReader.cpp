@@ -20,7 +20,7 @@ bool NewTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &r
     if (file.open(fileName) != XmlFile::Access::Readable) {
         return false;
     }
-    readCurrentDocument(XmlDocument::parse(file.readAll(), XmlDialect::Dom), rawData);
+    readCurrentDocument(XmlDocument::parse(file, XmlDialect::Dom), rawData);
     return true;
 }
 

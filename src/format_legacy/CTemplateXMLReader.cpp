@@ -24,7 +24,7 @@ bool CTemplateXMLReader::readFile(const QString &fileName, CTemplateRawData &raw
     if (d->file.open(fileName) != XmlFile::Access::Readable) {
         return false;
     }
-    const XmlDocument document = XmlDocument::parse(d->file.readAll(), XmlDialect::Stream);
+    const XmlDocument document = XmlDocument::parse(d->file, XmlDialect::Stream);
     return static_cast<bool>(readLegacyDocument(document, rawData));
 }
 

@@ -80,6 +80,10 @@ bool TemplateLoading::readFile(ReadingObserver *observer)
     if (!isOpened()) {
         return false;
     }
+    if (file.isOverLimit()) {
+        m_document = XmlDocument::parse(file, m_row.dialect, m_way);
+        return readDocument(observer);
+    }
     const QByteArray bytes = file.readAll();
     m_accessError = file.errorString();
     return readBytes(bytes, observer);
@@ -89,6 +93,11 @@ bool TemplateLoading::readBytes(const QByteArray &bytes, ReadingObserver *observ
 {
     m_bytes = bytes;
     m_document = XmlDocument::parse(m_bytes, m_row.dialect, m_way);
+    return readDocument(observer);
+}
+
+bool TemplateLoading::readDocument(ReadingObserver *observer)
+{
     m_result = m_row.read(m_document, *m_rawData, observer);
     m_isRead = m_result || m_row.keepsBeginning;
     m_hasObjects = hasObjectsIn(*m_rawData);

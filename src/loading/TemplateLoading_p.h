@@ -49,6 +49,7 @@ public:
 private:
     using Report = CTemplateReadingReportPrivate;
 
+    bool readDocument(ReadingObserver *observer);
     bool isOpened() const { return m_access == XmlFile::Access::Readable; }
     void reportAccess(Report &report) const;
     void reportResult(Report &report) const;

@@ -137,23 +137,40 @@ QString decoded(const QTextCodec &codec, const QByteArray &bytes)
 
 } // namespace
 
-GuardedMarkup::GuardedMarkup(const QByteArray &bytes)
+GuardedMarkup::GuardedMarkup(const QByteArray &bytes) : m_codec(QTextCodec::codecForName("UTF-8"))
 {
     setData(bytes);
     open(QIODevice::ReadOnly);
     if (bytes.size() > Limits::fileSize) {
-        m_excess = QStringLiteral("a file of more than %1 bytes").arg(Limits::fileSize);
+        m_excess = excessOfSize();
     }
 }
 
 GuardedMarkup::~GuardedMarkup() = default;
 
+QString GuardedMarkup::excessOfSize()
+{
+    return QStringLiteral("a file of more than %1 bytes").arg(Limits::fileSize);
+}
+
+TextPlace GuardedMarkup::placeAfter(qint64 followed) const
+{
+    TextPlace place;
+    const int size = static_cast<int>(followed);
+    if (m_isPlain) {
+        place.follow(decoded(*m_codec, buffer().left(size)));
+    } else {
+        place.follow(QString::fromUtf8(decoded(*m_codec, buffer()).toUtf8().left(size)));
+    }
+    return place;
+}
+
 bool GuardedMarkup::isFaultBeforeExcess(int line, int column) const
 {
     // A parser stops at the end of what it was given, or next to it.
     constexpr int nextToIt = 2;
-    return line > 0 && (line < m_givenPlace.line() ||
-                        (line == m_givenPlace.line() && column + nextToIt < m_givenPlace.column()));
+    const TextPlace given = placeAfter(m_given);
+    return line > 0 && (line < given.line() || (line == given.line() && column + nextToIt < given.column()));
 }
 
 qint64 GuardedMarkup::readData(char *data, qint64 maxSize)
@@ -171,7 +188,7 @@ qint64 GuardedMarkup::readData(char *data, qint64 maxSize)
         given = m_heldBack.size();
     }
     if (given > 0) {
-        m_givenPlace = m_place;
+        m_given = m_followed;
     }
     return m_heldBack.isEmpty() ? given : takeHeldBack(data, maxSize);
 }
@@ -236,7 +253,7 @@ qint64 GuardedMarkup::followEncoded(const QByteArray &chunk)
     const QByteArray utf8 = m_decoder->toUnicode(chunk).toUtf8();
     const qint64 followed = m_guard.follow(utf8.constData(), utf8.size());
     m_excess = m_guard.excess();
-    m_place.follow(QString::fromUtf8(utf8.constData(), static_cast<int>(followed)));
+    m_followed += followed;
     // A place in the text does not tell the place in the bytes.
     return m_excess.isEmpty() ? chunk.size() : 0;
 }
@@ -245,7 +262,7 @@ qint64 GuardedMarkup::followPlain(const QByteArray &chunk)
 {
     const qint64 followed = m_guard.follow(chunk.constData(), chunk.size());
     m_excess = m_guard.excess();
-    m_place.follow(m_decoder->toUnicode(chunk.constData(), static_cast<int>(followed)));
+    m_followed += followed;
     return followed;
 }
 
@@ -254,7 +271,7 @@ void GuardedMarkup::chooseDecoder(const QByteArray &beginning)
     const QByteArray wide = wideEncoding(beginning);
     const QTextCodec *const first = QTextCodec::codecForName(wide.isEmpty() ? QByteArray("UTF-8") : wide);
     m_isPlain = wide.isEmpty();
-    m_decoder.reset(first->makeDecoder());
+    decodeWith(*first);
     const QString text = decoded(*first, beginning);
     if (!text.startsWith(xmlDeclarationBeginning)) {
         return;
@@ -283,8 +300,14 @@ void GuardedMarkup::chooseDecoder(const QByteArray &beginning)
         requireAllWithin(codecs);
     } else if (!codecs.empty() && codecs.front() != first) {
         m_isPlain = isExtendedAscii(declared.name);
-        m_decoder.reset(codecs.front()->makeDecoder());
+        decodeWith(*codecs.front());
     }
+}
+
+void GuardedMarkup::decodeWith(const QTextCodec &codec)
+{
+    m_codec = &codec;
+    m_decoder.reset(codec.makeDecoder());
 }
 
 void GuardedMarkup::requireAllWithin(const std::vector<const QTextCodec *> &codecs)
@@ -298,7 +321,9 @@ void GuardedMarkup::requireAllWithin(const std::vector<const QTextCodec *> &code
             m_excess = QStringLiteral("a document type without an end");
         }
         if (!m_excess.isEmpty()) {
-            m_place.follow(QString::fromUtf8(utf8.constData(), static_cast<int>(followed)));
+            m_codec = codec;
+            m_isPlain = false;
+            m_followed = followed;
             return;
         }
     }

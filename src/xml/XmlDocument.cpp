@@ -1,9 +1,11 @@
 #include "xml/XmlDocument_p.h"
 
+#include "xml/GuardedMarkup_p.h"
 #include "xml/SourcePlaces_p.h"
 #include "xml/XmlDecoding_p.h"
 #include "xml/XmlFaultWords_p.h"
 #include "xml/XmlFault_p.h"
+#include "xml/XmlFile_p.h"
 #include "xml/XmlLimits_p.h"
 #include "xml/XmlQtParser_p.h"
 #include "xml/XmlStrictParser_p.h"
@@ -118,6 +120,17 @@ XmlDocument XmlDocument::parse(const QByteArray &bytes, XmlDialect dialect, XmlW
         document.m_refusal = refusal;
         XmlQtParser(document).parse(bytes);
     }
+    return document;
+}
+
+XmlDocument XmlDocument::parse(XmlFile &file, XmlDialect dialect, XmlWay way)
+{
+    if (!file.isOverLimit()) {
+        return parse(file.readAll(), dialect, way);
+    }
+    XmlDocument document(dialect);
+    document.m_refusal = XmlRefusal::Limit;
+    document.m_fault = {XmlFault::OverLimit, GuardedMarkup::excessOfSize(), 1, 1, false};
     return document;
 }
 

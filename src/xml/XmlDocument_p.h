@@ -13,6 +13,7 @@
 namespace Tobrix::Templates {
 
 struct Place;
+class XmlFile;
 
 /// How a document was made.
 enum class XmlWay : unsigned char {
@@ -86,6 +87,9 @@ public:
     /// Parses the bytes of a file. Limits of markup are those of XmlLimits_p.h.
     /// @param bytes with a zero after the last one, as every QByteArray has that owns its data
     static XmlDocument parse(const QByteArray &bytes, XmlDialect dialect, XmlWay way = XmlWay::Automatic);
+
+    /// Parses the open file.
+    static XmlDocument parse(XmlFile &file, XmlDialect dialect, XmlWay way = XmlWay::Automatic);
 
     /// A document without anything in it.
     explicit XmlDocument(XmlDialect dialect = XmlDialect::Dom);

@@ -56,6 +56,11 @@ XmlFile::Access XmlFile::openRegular(const QString &path)
     return isRegular ? Access::Unreadable : Access::NotRegular;
 }
 
+bool XmlFile::isOverLimit() const
+{
+    return m_file.size() > Limits::fileSize;
+}
+
 QByteArray XmlFile::readAll()
 {
     // The file may grow or shrink while it is read.

@@ -21,8 +21,10 @@ public:
 
     /// Closes the file that was open and opens another one.
     Access open(const QString &path);
-    /// The bytes of the open file, at most one more than XmlLimits_p.h allows: a file over that limit is read
-    /// no further. The file stays open.
+    /// Whether the open file has more bytes than XmlLimits_p.h allows. There is no point in reading it.
+    bool isOverLimit() const;
+    /// The bytes of the open file, which stays open. Of one that grows over the limit meanwhile, one byte
+    /// more than the limit.
     QByteArray readAll();
     /// The system's word on why the last operation failed; empty when it did not.
     QString errorString() const { return m_error; }

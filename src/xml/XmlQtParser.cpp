@@ -32,6 +32,7 @@ Node::Kind kindOf(const QDomNode &node)
 void XmlQtParser::parse(const QByteArray &bytes)
 {
     m_document.m_bytes = bytes;
+    m_document.m_nodes.reserve(static_cast<std::size_t>(bytes.count('<')) + 1);
     // An empty text is not null to any reader.
     m_document.m_texts = QStringLiteral("");
     GuardedMarkup markup(bytes);
@@ -201,14 +202,23 @@ void XmlQtParser::addAttribute(QStringView name, QStringView value)
 
 quint32 XmlQtParser::numberOf(QStringView name)
 {
-    const auto found = m_numbers.find(name);
-    if (found != m_numbers.end()) {
-        return found->second;
+    std::vector<QString> &names = m_document.m_names;
+    if (m_expected < names.size() && name == names[m_expected]) {
+        m_last = m_expected;
+        m_expected = m_successors[m_last];
+        return m_last;
     }
-    const auto number = static_cast<quint32>(m_document.m_names.size());
-    m_document.m_names.push_back(name.toString());
-    m_numbers.emplace(m_document.m_names.back(), number);
-    return number;
+    const auto next = static_cast<quint32>(names.size());
+    auto found = m_numbers.find(name);
+    if (found == m_numbers.end()) {
+        names.push_back(name.toString());
+        found = m_numbers.emplace(names.back(), next).first;
+        m_successors.push_back(0);
+    }
+    m_successors[m_last] = found->second;
+    m_last = found->second;
+    m_expected = m_successors[m_last];
+    return m_last;
 }
 
 quint32 XmlQtParser::keep(QStringView text)

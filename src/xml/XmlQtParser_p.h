@@ -39,6 +39,10 @@ private:
     XmlDocument &m_document;
     // Views of the document's names. Ordered: a file could choose names whose hashes collide.
     std::map<QStringView, quint32> m_numbers;
+    // By name, the one that came after it the last time: markup repeats itself.
+    std::vector<quint32> m_successors;
+    quint32 m_last = 0;
+    quint32 m_expected = 0;
 };
 
 } // namespace Tobrix::Templates

@@ -60,7 +60,7 @@ bool startsWith(const char *at, const char (&text)[Size])
     return std::strncmp(at, text, Size - 1) == 0;
 }
 
-const char *find(const char *at, const char *end, const char *text, std::size_t size)
+const char *search(const char *at, const char *end, const char *text, std::size_t size)
 {
     const void *found = memmem(at, static_cast<std::size_t>(end - at), text, size);
     return static_cast<const char *>(found);
@@ -123,8 +123,12 @@ bool XmlStrictParser::Name::is(const char *text, std::size_t textSize) const
 }
 
 XmlStrictParser::XmlStrictParser(XmlDocument &document)
-    : m_document(document), m_isStream(document.m_dialect == XmlDialect::Stream), m_slots(slotCount)
+    : m_document(document)
+    , m_isStream(document.m_dialect == XmlDialect::Stream)
+    , m_slots(slotCount)
+    , m_names(1)
 {
+    m_document.m_names.push_back(QString());
 }
 
 XmlRefusal XmlStrictParser::parse(const QByteArray &bytes)
@@ -232,8 +236,8 @@ bool XmlStrictParser::parseDeclaration(const char *&at, QByteArray &encoding)
     }
     if (!hasClass(at[5], Space)) {
         // Another instruction whose target begins like that. Qt looks for an encoding in it all the same.
-        const char *const end = find(at, m_end, "?>", 2);
-        return end && find(at, end, "encoding", 8) ? reject(XmlRefusal::Declaration) : true;
+        const char *const end = search(at, m_end, "?>", 2);
+        return end && search(at, end, "encoding", 8) ? reject(XmlRefusal::Declaration) : true;
     }
     const char *p = at + 5;
     // The value of a pseudo-attribute; empty when it is another one.
@@ -606,7 +610,7 @@ bool XmlStrictParser::keepAttribute(const Name &name, XmlDocument::Attribute att
     if (m_refusal != XmlRefusal::None) {
         return false;
     }
-    qint64 &lastUse = m_lastUse[number];
+    qint64 &lastUse = m_names[number].lastUse;
     if (lastUse >= static_cast<qint64>(first)) {
         if (m_isStream) {
             return reject(XmlRefusal::RepeatedAttribute);
@@ -703,7 +707,7 @@ const char *XmlStrictParser::parseComment(const char *at)
 {
     constexpr int openingSize = 4;
     const char *const begin = at + openingSize;
-    const char *const end = find(begin, m_end, "--", 2);
+    const char *const end = search(begin, m_end, "--", 2);
     if (!end || end[2] != '>') {
         return refuse(XmlRefusal::Markup);
     }
@@ -715,11 +719,11 @@ const char *XmlStrictParser::parseCData(const char *at)
 {
     constexpr int openingSize = 9;
     const char *const begin = at + openingSize;
-    const char *const end = find(begin, m_end, "]]>", 3);
+    const char *const end = search(begin, m_end, "]]>", 3);
     if (!end || m_depth == 0) {
         return refuse(XmlRefusal::Markup);
     }
-    const bool hasReturns = m_isStream && find(begin, end, "\r", 1);
+    const bool hasReturns = m_isStream && search(begin, end, "\r", 1);
     push(XmlDocument::Node::CData, begin, end, hasReturns ? XmlDocument::NeedsDecoding : 0);
     m_hasText = true;
     return end + 3;
@@ -732,10 +736,10 @@ const char *XmlStrictParser::parseInstruction(const char *at)
     if (!afterTarget) {
         return nullptr;
     }
-    const char *const end = find(afterTarget, m_end, "?>", 2);
+    const char *const end = search(afterTarget, m_end, "?>", 2);
     const bool isDeclaration = target.size() == 3 && qstrnicmp(target.begin, "xml", 3) == 0;
     const bool isSound = end && !target.colon && !isDeclaration && hasClass(*afterTarget, Space) &&
-                         !find(afterTarget, end + 1, "??", 2);
+                         !search(afterTarget, end + 1, "??", 2);
     if (!isSound) {
         return refuse(XmlRefusal::Markup);
     }
@@ -745,24 +749,35 @@ const char *XmlStrictParser::parseInstruction(const char *at)
 
 quint32 XmlStrictParser::numberOf(const char *name, std::size_t size)
 {
-    const quint64 hash = hashOf(name, size);
-    for (std::size_t i = hash % slotCount;; i = (i + 1) % slotCount) {
-        Slot &slot = m_slots[i];
-        if (slot.name && slot.hash == hash && slot.size == size && std::memcmp(slot.name, name, size) == 0) {
-            return slot.number;
-        }
-        if (!slot.name) {
-            std::vector<QString> &names = m_document.m_names;
-            if (names.size() == mostNames) {
-                refuse(XmlRefusal::TooManyNames);
-                return 0;
-            }
-            slot = {hash, name, static_cast<quint32>(size), static_cast<quint32>(names.size())};
-            names.push_back(QString::fromLatin1(name, static_cast<int>(size)));
-            m_lastUse.push_back(-1);
-            return slot.number;
+    const KnownName &expected = m_names[m_expected];
+    if (expected.size == size && std::memcmp(expected.begin, name, size) == 0) {
+        m_last = m_expected;
+    } else {
+        const quint32 number = find(name, size);
+        m_names[m_last].successor = number;
+        m_last = number;
+    }
+    m_expected = m_names[m_last].successor;
+    return m_last;
+}
+
+quint32 XmlStrictParser::find(const char *name, std::size_t size)
+{
+    std::size_t slot = hashOf(name, size) % slotCount;
+    for (; m_slots[slot] != 0; slot = (slot + 1) % slotCount) {
+        const KnownName &known = m_names[m_slots[slot]];
+        if (known.size == size && std::memcmp(known.begin, name, size) == 0) {
+            return m_slots[slot];
         }
     }
+    if (m_names.size() > mostNames) {
+        refuse(XmlRefusal::TooManyNames);
+        return 0;
+    }
+    m_slots[slot] = static_cast<quint16>(m_names.size());
+    m_names.push_back({name, size, -1, 0});
+    m_document.m_names.push_back(QString::fromLatin1(name, static_cast<int>(size)));
+    return m_slots[slot];
 }
 
 } // namespace Tobrix::Templates

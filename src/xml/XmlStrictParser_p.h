@@ -39,12 +39,12 @@ private:
         bool is(const char *text, std::size_t textSize) const;
     };
 
-    struct Slot
+    struct KnownName
     {
-        quint64 hash;
-        const char *name;
-        quint32 size;
-        quint32 number;
+        const char *begin = nullptr;
+        std::size_t size = 0;
+        qint64 lastUse = -1;   ///< the last attribute of that name
+        quint32 successor = 0; ///< the name that came after it the last time: markup repeats itself
     };
 
     bool decode(const QByteArray &bytes);
@@ -77,6 +77,7 @@ private:
     bool arePrefixesSound(const Name &element);
     void closeElement();
     quint32 numberOf(const char *name, std::size_t size);
+    quint32 find(const char *name, std::size_t size);
     quint32 offsetOf(const char *at) const { return static_cast<quint32>(at - m_begin); }
 
     XmlDocument &m_document;
@@ -92,10 +93,13 @@ private:
     bool m_hasText = false;
     bool m_hasEnd = false;
 
-    std::vector<Slot> m_slots;
-    std::vector<qint64> m_lastUse; // of each name as an attribute: the number of that attribute
-    std::vector<Name> m_bindings;  // prefixes in scope
-    std::vector<Name> m_prefixed;  // attributes of the current tag with a prefix
+    std::vector<quint16> m_slots; // of a hash table: indexes into the names
+    // By number. The one of number 0 is none.
+    std::vector<KnownName> m_names;
+    quint32 m_last = 0;
+    quint32 m_expected = 0;
+    std::vector<Name> m_bindings; // prefixes in scope
+    std::vector<Name> m_prefixed; // attributes of the current tag with a prefix
     int m_namespaceDeclarations = 0;
 };
 
