@@ -123,6 +123,27 @@ std::unique_ptr<CTemplateColumn> makeTimeColumn(const CColumnData &data)
     return makeColumn<CTimeColumn>(data, QVariant(), data.defaultValue == today, data.width);
 }
 
+std::unique_ptr<CTemplateColumn> makeTypedColumn(const CColumnData &data)
+{
+    switch (data.columnType) {
+    case CTemplateColumn::Text:
+        return makeTextColumn(data);
+    case CTemplateColumn::Integer:
+        return makeIntegerColumn(data);
+    case CTemplateColumn::Decimal:
+        return makeDecimalColumn(data);
+    case CTemplateColumn::Boolean:
+        return makeBooleanColumn(data);
+    case CTemplateColumn::Date:
+        return makeDateColumn(data);
+    case CTemplateColumn::Time:
+        return makeTimeColumn(data);
+    case CTemplateColumn::Unknown:
+        break;
+    }
+    return nullptr;
+}
+
 /// Takes all objects out of a multi-map, those of one key together.
 /// @param take is given a key, its objects, which it owns from then on, and whether this is the last key;
 ///        returns false to leave the rest in the map
@@ -177,23 +198,7 @@ CCatalogTemplate *CTemplateBuilder::buildTemplate(CTemplateRawData &rawData, boo
 
 CTemplateColumn *CTemplateBuilder::buildColumn(const CColumnData &data)
 {
-    switch (data.columnType) {
-    case CTemplateColumn::Text:
-        return makeTextColumn(data).release();
-    case CTemplateColumn::Integer:
-        return makeIntegerColumn(data).release();
-    case CTemplateColumn::Decimal:
-        return makeDecimalColumn(data).release();
-    case CTemplateColumn::Boolean:
-        return makeBooleanColumn(data).release();
-    case CTemplateColumn::Date:
-        return makeDateColumn(data).release();
-    case CTemplateColumn::Time:
-        return makeTimeColumn(data).release();
-    case CTemplateColumn::Unknown:
-        break;
-    }
-    return nullptr;
+    return makeTypedColumn(data).release();
 }
 
 void CTemplateBuilder::applyMissingDefaults(CTemplateColumn *column)

@@ -8,6 +8,9 @@
 namespace Tobrix::Templates {
 
 /// One column as it was read, before it becomes a typed column. Texts that the file does not give are empty.
+///
+/// The record may grow at its end in a minor version: code that makes, copies or embeds one is compiled with
+/// the headers of the library that it runs with. Derive nothing from it.
 struct TOBRIX_TEMPLATES_EXPORT CColumnData
 {
     /// A column of unknown type with nothing set.

@@ -7,6 +7,9 @@
 namespace Tobrix::Templates {
 
 /// The header of a template as it was read. Texts that are missing in the file are empty.
+///
+/// The record may grow at its end in a minor version: code that makes, copies or embeds one is compiled with
+/// the headers of the library that it runs with. Derive nothing from it.
 struct TOBRIX_TEMPLATES_EXPORT CTemplateBaseData
 {
     /// An empty header.

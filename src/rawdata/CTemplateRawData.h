@@ -18,6 +18,9 @@ class CTemplateColumn;
 
 /// A template as a format reader found it, the same for both formats. The record owns the views, list items
 /// and columns in it, until the builder moves them out. Null entries are allowed.
+///
+/// The record may grow at its end in a minor version: code that makes, copies or embeds one is compiled with
+/// the headers of the library that it runs with. Derive nothing from it.
 struct TOBRIX_TEMPLATES_EXPORT CTemplateRawData : public CTemplateBaseData
 {
     /// An empty record.

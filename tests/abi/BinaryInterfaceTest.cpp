@@ -45,6 +45,7 @@ using namespace Tobrix::Templates;
         const QString &, const QString &
 #define BEHAVIOUR const QVariant &, int, GroupLevel, TypeFlags, bool, bool, bool, bool, bool, int
 using FieldValues = QHash<QString, QVariant>;
+using Catalogs = QList<Tobrix::CATManagement::CCatalogDescriptor>;
 using ColumnType = CTemplateColumn::ColumnType;
 using GroupLevel = CTemplateColumn::GroupLevel;
 using TypeFlags = CTemplateColumn::TypeFlags;
@@ -122,6 +123,7 @@ QByteArray lastPart(const QByteArray &qualifiedName)
      noSlot(static_cast<Result(*) Arguments>(&Class::name))},
 #define SIZE(Class, pointers)
 #define POLYMORPHIC(Class, Base)
+#define FIELD(...)
 
 std::vector<Operation> operations()
 {
@@ -161,6 +163,47 @@ const ObjectSize objectSizes[] = {
 };
 #undef SIZE
 #undef POLYMORPHIC
+#undef FIELD
+
+/// A field of a record that may grow.
+struct RecordField
+{
+    QByteArray record;
+    QByteArray name;
+    std::size_t offset;
+    std::size_t size;
+    std::size_t alignment;
+    std::size_t sizeOfRecord;
+};
+
+template <typename Record, typename Type>
+RecordField recordField(const char *name, Type Record::*field)
+{
+    const Record record;
+    const auto offset =
+        reinterpret_cast<const char *>(&(record.*field)) - reinterpret_cast<const char *>(&record);
+    return {nameOf<Record>(), name,          static_cast<std::size_t>(offset),
+            sizeof(Type),     alignof(Type), sizeof(Record)};
+}
+
+#define SIZE(...)
+#define POLYMORPHIC(...)
+#define FIELD(Record, name, ...) recordField<Record, __VA_ARGS__>(#Record "::" #name, &Record::name),
+std::vector<RecordField> recordFields()
+{
+    return {
+#include "BinaryInterface.def"
+    };
+}
+#undef SIZE
+#undef POLYMORPHIC
+#undef FIELD
+
+/// Where something goes after so many bytes.
+std::size_t placeAfter(std::size_t bytes, std::size_t alignment)
+{
+    return (bytes + alignment - 1) / alignment * alignment;
+}
 
 struct PolymorphicClass
 {
@@ -171,6 +214,7 @@ struct PolymorphicClass
 };
 
 #define SIZE(...)
+#define FIELD(...)
 #define POLYMORPHIC(Class, Base)                                                                             \
     {nameOf<Class>(), nameOf<Base>(), QByteArray("_ZTV") + typeid(Class).name(), std::is_abstract_v<Class>},
 std::vector<PolymorphicClass> polymorphicClasses()
@@ -270,6 +314,7 @@ private Q_SLOTS:
     void virtualTableIsThatOfTheRows();
     void objectHasItsSize_data();
     void objectHasItsSize();
+    void recordHasTheFieldsOfTheRowsInOrder();
     void exportedFunctionsAreThoseOfTheRows();
     void exportedDataIsThatOfPublicClasses();
     void symbolsLeftToTheHostAreTheseAlone();
@@ -327,6 +372,26 @@ void BinaryInterfaceTest::objectHasItsSize()
     QFETCH(int, actual);
     QFETCH(int, pointers);
     QCOMPARE(actual, pointers * static_cast<int>(sizeof(void *)));
+}
+
+void BinaryInterfaceTest::recordHasTheFieldsOfTheRowsInOrder()
+{
+    const std::vector<RecordField> fields = recordFields();
+    std::size_t end = 0;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const RecordField &field = fields[i];
+        if (i == 0 || fields[i - 1].record != field.record) {
+            end = field.record == nameOf<CTemplateRawData>() ? sizeof(CTemplateBaseData) : 0;
+        }
+        QVERIFY2(field.offset == placeAfter(end, field.alignment),
+                 qPrintable(QStringLiteral("%1 is not where its row stands: new fields go to the end")
+                                .arg(QLatin1String(field.name))));
+        end = field.offset + field.size;
+        const bool isLast = i + 1 == fields.size() || fields[i + 1].record != field.record;
+        QVERIFY2(!isLast || placeAfter(end, alignof(CColumnData)) == field.sizeOfRecord,
+                 qPrintable(QStringLiteral("%1 is not the last field: a new one gets a row")
+                                .arg(QLatin1String(field.name))));
+    }
 }
 
 void BinaryInterfaceTest::exportedFunctionsAreThoseOfTheRows()

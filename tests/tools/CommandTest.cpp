@@ -148,9 +148,9 @@ void CommandTest::wrongUsageEndsWithTwo_data()
     QTest::newRow("unknown option of show")
         << "show --colour x.xml" << QByteArray("Unknown option 'colour'.\n");
     QTest::newRow("raw without JSON") << "show --raw x.xml" << QByteArray("--raw goes with --json only.\n");
-    QTest::newRow("unknown format") << "show --as new x.xml"
-                                    << QByteArray("There is no template format \"new\": current and legacy "
-                                                  "are.\n");
+    QTest::newRow("unknown format")
+        << "show --as new x.xml"
+        << QByteArray("There is no template format \"new\", only these: legacy, current.\n");
     QTest::newRow("standard input of no format")
         << "show -" << QByteArray("Standard input has no path: say its format with --as.\n");
     QTest::newRow("option without value")

@@ -26,9 +26,13 @@ const Command commands[] = {
 
 QString description()
 {
+    int width = 0;
+    for (const auto &command : commands) {
+        width = std::max(width, command.name.size());
+    }
     QString text = QStringLiteral("Looks at catalogue templates of pipe networks.\n\nCommands:\n");
     for (const auto &command : commands) {
-        text += QStringLiteral("  %1  %2\n").arg(command.name, -5).arg(command.summary);
+        text += QStringLiteral("  %1  %2\n").arg(command.name, -width).arg(command.summary);
     }
     return text + QStringLiteral("\n\"tobrix-template COMMAND --help\" tells more about a command.");
 }

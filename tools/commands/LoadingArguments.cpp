@@ -17,12 +17,21 @@ QCommandLineOption hidden(QCommandLineOption option)
     return option;
 }
 
+QString formatNames()
+{
+    QStringList names;
+    for (const auto &format : templateFormats) {
+        names.append(format.name);
+    }
+    return names.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 LoadingArguments::LoadingArguments(CommandLine &commandLine)
     : m_commandLine(commandLine)
     , m_as(QStringLiteral("as"),
-           QStringLiteral("Read all files as the \"current\" or the \"legacy\" format, wherever they are."),
+           QStringLiteral("Read all files as one format, wherever they are: %1.").arg(formatNames()),
            QStringLiteral("FORMAT"))
     , m_qtParser(hidden(QCommandLineOption(QStringLiteral("qt-parser"))))
 {
@@ -40,9 +49,9 @@ std::optional<ExitStatus> LoadingArguments::take(Console &console)
         const auto row = std::find_if(std::begin(templateFormats), std::end(templateFormats),
                                       [&name](const auto &format) { return format.name == name; });
         if (row == std::end(templateFormats)) {
-            return m_commandLine.refuse(
-                QStringLiteral("There is no template format \"%1\": current and legacy are.").arg(name),
-                console);
+            return m_commandLine.refuse(QStringLiteral("There is no template format \"%1\", only these: %2.")
+                                            .arg(name, formatNames()),
+                                        console);
         }
         m_options.format = row->format;
     } else if (m_commandLine.arguments().contains(standardInput)) {
