@@ -139,7 +139,7 @@ CTemplateReadingReport TemplateLoading::reportOnFlags(int flags) const
     report->fileName = m_name;
     report->format = m_row.format;
     report->outcome = Outcome::FlagsNotSupported;
-    report->reason = QStringLiteral("was not read: there are no flags %1").arg(flags);
+    report->reason = QStringLiteral("was not read: flags %1 are not supported").arg(flags);
     return CTemplateReadingReport(report.release());
 }
 
@@ -211,7 +211,9 @@ void TemplateLoading::reportColumnWithoutView(Report &report) const
     ReadContent content;
     m_row.read(m_document, rawData, &content);
     const ColumnsWithoutView found = content.firstColumnsWithoutView(rawData);
-    setPlace(report, m_document.placeOf(found.element));
+    if (found.element >= 0) {
+        setPlace(report, m_document.placeOf(found.element));
+    }
     const QString belong = found.others == 0 ? QStringLiteral("belongs")
                                              : QStringLiteral("and %1 more belong").arg(found.others);
     report.reason = QStringLiteral("%1 at line %2 %3 to view \"%4\", which the file does not have")

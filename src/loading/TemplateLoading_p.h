@@ -28,6 +28,8 @@ public:
     bool readFile(ReadingObserver *observer = nullptr);
     /// Reads the content of a file into the raw record.
     bool readBytes(const QByteArray &bytes, ReadingObserver *observer = nullptr);
+    /// Notes that the content of a file cannot be read.
+    void failToRead(const QString &error) { m_accessError = error; }
 
     /// Builds the template from the raw record, and completes its type from the host's registry.
     /// @return null when it cannot be built

@@ -40,6 +40,9 @@ constexpr QLatin1String xmlDeclarationBeginning("<?xml");
 // The number of bytes in which Qt's DOM parser looks for the encoding.
 constexpr int xmlDeclarationSize = 1024;
 
+// The whole file is decoded for each encoding that a declaration of unusual form may mean.
+constexpr std::size_t mostEncodings = 3;
+
 /// The encoding that an XML declaration names.
 struct DeclaredEncoding
 {
@@ -295,6 +298,8 @@ void GuardedMarkup::chooseDecoder(const QByteArray &beginning)
     };
     if (std::any_of(codecs.begin(), codecs.end(), readsDifferently)) {
         m_excess = QStringLiteral("an XML declaration in another encoding than it names");
+    } else if (codecs.size() > mostEncodings) {
+        m_excess = QStringLiteral("an XML declaration that names more than %1 encodings").arg(mostEncodings);
     } else if (!declared.isPlain) {
         codecs.push_back(first);
         requireAllWithin(codecs);

@@ -302,10 +302,14 @@ int XmlDocument::sourceOffset(int element, const Attribute &attribute) const
     const int found = known.elements[static_cast<std::size_t>(element)];
     if (found >= 0) {
         const XmlElement inTree(*known.tree, found);
-        for (const XmlAttribute *candidate : inTree.attributes()) {
-            if (known.tree->nameOf(*candidate) == nameOf(attribute)) {
-                return candidate->at;
-            }
+        const auto candidates = inTree.attributes();
+        // Of repeated attributes the last one counts.
+        const auto isOfName = [&](const XmlAttribute *candidate) {
+            return known.tree->nameOf(*candidate) == nameOf(attribute);
+        };
+        const auto last = std::find_if(candidates.rbegin(), candidates.rend(), isOfName);
+        if (last != candidates.rend()) {
+            return (*last)->at;
         }
     }
     return sourceOffset(element);

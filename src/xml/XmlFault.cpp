@@ -70,6 +70,9 @@ void FaultSearch::lookAtText(const XmlNode &text)
 void FaultSearch::lookAtAttribute(const XmlNode &element, int number)
 {
     const XmlAttribute &attribute = m_document.attribute(element.firstAttribute + number);
+    if (attribute.at > m_at) {
+        return;
+    }
     lookAtReferences(attribute.valueAt, attribute.valueSize);
     if (m_isStream && m_document.sameAttributeBefore(element, number)) {
         findAt(attribute.at);

@@ -15,6 +15,9 @@ inline constexpr int depth = 48;
 /// Attributes of one element. Qt's stream reader compares each with all the others.
 inline constexpr int attributesOfElement = 256;
 
+/// Different names of elements and attributes in one document: what fits the 24 bits of a node.
+inline constexpr int names = 0xFFFFFF;
+
 /// Namespace declarations in one document. Qt's stream reader searches all that are in scope for every
 /// prefix.
 inline constexpr int namespaceDeclarations = 64;

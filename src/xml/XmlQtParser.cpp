@@ -1,9 +1,12 @@
 #include "xml/XmlQtParser_p.h"
 
 #include "xml/GuardedMarkup_p.h"
+#include "xml/XmlLimits_p.h"
 
 #include <QDomDocument>
 #include <QXmlStreamReader>
+
+#include <algorithm>
 
 namespace Tobrix::Templates {
 
@@ -32,7 +35,8 @@ Node::Kind kindOf(const QDomNode &node)
 void XmlQtParser::parse(const QByteArray &bytes)
 {
     m_document.m_bytes = bytes;
-    m_document.m_nodes.reserve(static_cast<std::size_t>(bytes.count('<')) + 1);
+    const int tags = std::min(bytes.count('<'), bytes.size() / static_cast<int>(sizeof(Node)));
+    m_document.m_nodes.reserve(static_cast<std::size_t>(tags) + 1);
     // An empty text is not null to any reader.
     m_document.m_texts = QStringLiteral("");
     GuardedMarkup markup(bytes);
@@ -40,6 +44,10 @@ void XmlQtParser::parse(const QByteArray &bytes)
         parseDom(markup);
     } else {
         parseStream(markup);
+    }
+    if (m_hasTooManyNames) {
+        m_document.m_fault = {XmlFault::OverLimit,
+                              QStringLiteral("more than %1 different names").arg(Limits::names), 1, 1, false};
     }
     if (m_document.m_dialect == XmlDialect::Dom && m_document.m_fault.kind == XmlFault::OverLimit) {
         m_document.m_nodes.clear();
@@ -210,6 +218,10 @@ quint32 XmlQtParser::numberOf(QStringView name)
     }
     const auto next = static_cast<quint32>(names.size());
     auto found = m_numbers.find(name);
+    if (found == m_numbers.end() && next == Limits::names) {
+        m_hasTooManyNames = true;
+        return 0;
+    }
     if (found == m_numbers.end()) {
         names.push_back(name.toString());
         found = m_numbers.emplace(names.back(), next).first;

@@ -42,6 +42,7 @@ private:
     std::vector<quint32> m_successors;
     quint32 m_last = 0;
     quint32 m_expected = 0;
+    bool m_hasTooManyNames = false;
 };
 
 } // namespace Tobrix::Templates

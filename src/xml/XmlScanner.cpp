@@ -340,14 +340,12 @@ QStringView XmlScanner::takeName()
 
 int XmlScanner::numberOf(QStringView name)
 {
-    const auto found = m_tree.m_numbers.constFind(name);
-    if (found != m_tree.m_numbers.cend()) {
-        return *found;
+    const int next = static_cast<int>(m_tree.m_names.size());
+    const auto [found, isNew] = m_tree.m_numbers.emplace(name, next);
+    if (isNew) {
+        m_tree.m_names.push_back(name.toString());
     }
-    const int number = static_cast<int>(m_tree.m_names.size());
-    m_tree.m_numbers.insert(name, number);
-    m_tree.m_names.push_back(name.toString());
-    return number;
+    return found->second;
 }
 
 void XmlScanner::push(XmlNode node)

@@ -2,11 +2,11 @@
 
 #include "xml/XmlDecoding_p.h"
 
+#include <QRandomGenerator>
 #include <QTextCodec>
 
 #include <algorithm>
 #include <cstring>
-#include <random>
 
 namespace Tobrix::Templates {
 
@@ -75,7 +75,7 @@ bool isXmlCharacter(uint code)
 /// The multiplier of the hash of names: random, so that a file cannot cause collisions.
 quint64 hashMultiplier()
 {
-    static const quint64 multiplier = (quint64(std::random_device()()) << 32 | std::random_device()()) | 1;
+    static const quint64 multiplier = QRandomGenerator::global()->generate64() | 1;
     return multiplier;
 }
 
@@ -215,6 +215,11 @@ bool XmlStrictParser::decodeWith(const QByteArray &bytes, const QByteArray &enco
         return reject(XmlRefusal::UndecodableBytes);
     }
     m_document.m_encoding = encoding;
+    // A character of one byte may have three in UTF-8.
+    constexpr int longest = Limits::fileSize / 3;
+    if (text.size() > longest) {
+        return reject(XmlRefusal::Limit);
+    }
     m_document.m_bytes = text.toUtf8();
     m_begin = m_document.m_bytes.constData();
     m_end = m_begin + m_document.m_bytes.size();
@@ -304,9 +309,10 @@ bool XmlStrictParser::requireCharacters()
     if ((high & highBit) != 0 && !requireUtf8()) {
         return false;
     }
-    // Reserved memory that is not used costs nothing.
-    m_document.m_nodes.reserve(tags + 2);
-    m_document.m_attributes.reserve(attributes);
+    // Bounded: in a comment or a text these characters are neither tags nor attributes.
+    const std::size_t most = static_cast<std::size_t>(m_end - m_begin) / sizeof(XmlDocument::Node) + 2;
+    m_document.m_nodes.reserve(std::min(tags + 2, most));
+    m_document.m_attributes.reserve(std::min(attributes, most));
     return true;
 }
 

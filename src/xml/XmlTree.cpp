@@ -119,7 +119,8 @@ std::vector<XmlElement> XmlTree::allBetween(int begin, int end, QLatin1String na
 int XmlTree::numberOf(QLatin1String name) const
 {
     const QString text = name;
-    return m_numbers.value(QStringView(text), -1);
+    const auto found = m_numbers.find(QStringView(text));
+    return found == m_numbers.end() ? -1 : found->second;
 }
 
 QString XmlTree::textOf(int index) const

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <map>
 #include <vector>
 
 namespace Tobrix::Templates {
@@ -136,7 +137,8 @@ private:
     XmlDialect m_dialect;
     std::vector<XmlNode> m_nodes;
     std::vector<XmlAttribute> m_attributes;
-    QHash<QStringView, int> m_numbers;
+    // Ordered: a file could choose names whose hashes collide.
+    std::map<QStringView, int> m_numbers;
     std::vector<QString> m_names; // by their numbers
     QHash<QString, QString> m_entities;
     bool m_hasExternalSubset = false;

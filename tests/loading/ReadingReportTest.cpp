@@ -273,7 +273,7 @@ void ReadingReportTest::flagsAreReported()
     const Loading loading(file.path(), CTemplateReader::ReaderFlags(2));
     QVERIFY(!loading.isLoaded);
     QCOMPARE(loading.report.outcome(), Report::FlagsNotSupported);
-    QCOMPARE(loading.report.reason(), QStringLiteral("was not read: there are no flags 2"));
+    QCOMPARE(loading.report.reason(), QStringLiteral("was not read: flags 2 are not supported"));
     QCOMPARE(log.lines().size(), 1);
 }
 

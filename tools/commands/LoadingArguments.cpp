@@ -58,6 +58,9 @@ std::optional<ExitStatus> LoadingArguments::take(Console &console)
         return m_commandLine.refuse(QStringLiteral("Standard input has no path: say its format with --as."),
                                     console);
     }
+    if (m_commandLine.arguments().count(standardInput) > 1) {
+        return m_commandLine.refuse(QStringLiteral("Standard input can be read only once."), console);
+    }
     return std::nullopt;
 }
 

@@ -16,8 +16,8 @@ using namespace Templates;
 
 namespace {
 
-/// One byte over the limit is enough to report it.
-QByteArray standardInputBytes()
+/// Reads standard input, at most one chunk over the limit, which is enough to report it.
+bool readStandardInput(TemplateLoading &loading)
 {
     constexpr int chunkSize = 64 * 1024;
     QFile input;
@@ -29,7 +29,11 @@ QByteArray standardInputBytes()
             bytes += chunk;
         } while (!chunk.isEmpty() && bytes.size() <= Limits::fileSize);
     }
-    return bytes;
+    if (input.error() != QFileDevice::NoError) {
+        loading.failToRead(input.errorString());
+        return false;
+    }
+    return loading.readBytes(bytes);
 }
 
 } // namespace
@@ -58,7 +62,7 @@ TemplateFormat formatOfFile(const QString &fileName, const LoadingOptions &optio
 
 bool readTemplate(TemplateLoading &loading, const QString &fileName)
 {
-    return fileName == standardInput ? loading.readBytes(standardInputBytes()) : loading.readFile();
+    return fileName == standardInput ? readStandardInput(loading) : loading.readFile();
 }
 
 LoadedTemplate loadTemplate(const QString &fileName, const LoadingOptions &options)
