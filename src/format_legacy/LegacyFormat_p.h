@@ -348,6 +348,7 @@ private:
 template <typename Rows>
 constexpr bool hasKindsOfTargets(const Rows &rows)
 {
+    // NOLINTNEXTLINE(readability-use-anyofallof): std::all_of is no constant expression in C++17
     for (const auto &row : rows) {
         if (!std::visit(IsKindOf{row.row.kind}, row.target)) {
             return false;

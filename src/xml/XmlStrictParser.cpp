@@ -72,6 +72,28 @@ bool isXmlCharacter(uint code)
            (code >= 0xE000 && code < 0xFFFE) || (code >= 0x10000 && code <= QChar::LastValidCodePoint);
 }
 
+/// Takes a character of several bytes in UTF-8.
+/// @return its code; 0 for invalid bytes
+uint takeCharacter(const char *&at, const char *end)
+{
+    const auto byteAt = [at](int i) { return static_cast<uint>(static_cast<unsigned char>(at[i])); };
+    const uint first = byteAt(0);
+    const int size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    if (first < 0xC2 || first >= 0xF5 || end - at < size) {
+        return 0;
+    }
+    uint code = first & (0xFFU >> (size + 1));
+    for (int i = 1; i < size; ++i) {
+        if ((byteAt(i) & 0xC0) != 0x80) {
+            return 0;
+        }
+        code = code << 6 | (byteAt(i) & 0x3F);
+    }
+    constexpr uint least[] = {0, 0, 0x80, 0x800, 0x10000};
+    at += size;
+    return code < least[size] || QChar::isSurrogate(code) || code > QChar::LastValidCodePoint ? 0 : code;
+}
+
 /// The multiplier of the hash of names: random, so that a file cannot cause collisions.
 quint64 hashMultiplier()
 {
@@ -318,35 +340,25 @@ bool XmlStrictParser::requireCharacters()
 
 bool XmlStrictParser::requireUtf8()
 {
-    const auto *at = reinterpret_cast<const unsigned char *>(m_begin);
-    const auto *const end = reinterpret_cast<const unsigned char *>(m_end);
-    while (at != end) {
+    const char *at = m_begin;
+    while (at != m_end) {
         constexpr quint64 highBits = 0x8080'8080'8080'8080;
-        const bool isPlainWord = end - at >= std::ptrdiff_t(sizeof(quint64)) &&
-                                 (load<quint64>(reinterpret_cast<const char *>(at)) & highBits) == 0;
-        if (isPlainWord || *at < 0x80) {
+        const bool isPlainWord =
+            m_end - at >= std::ptrdiff_t(sizeof(quint64)) && (load<quint64>(at) & highBits) == 0;
+        if (isPlainWord || static_cast<unsigned char>(*at) < 0x80) {
             at += isPlainWord ? sizeof(quint64) : 1;
             continue;
         }
-        const int size = *at >= 0xF0 ? 4 : *at >= 0xE0 ? 3 : 2;
-        uint code = *at & (0xFF >> (size + 1));
-        bool isSound = *at >= 0xC2 && *at < 0xF5 && end - at >= size;
-        for (int i = 1; isSound && i < size; ++i) {
-            isSound = (at[i] & 0xC0) == 0x80;
-            code = code << 6 | (at[i] & 0x3F);
-        }
-        constexpr uint least[] = {0, 0, 0x80, 0x800, 0x10000};
-        if (!isSound || code < least[size] || (!isXmlCharacter(code) && code < 0xFFFE) ||
-            code > QChar::LastValidCodePoint) {
+        const uint code = takeCharacter(at, m_end);
+        if (code == 0) {
             return reject(XmlRefusal::UndecodableBytes);
         }
         if (code == QChar::ByteOrderMark) {
             return reject(XmlRefusal::ByteOrderMark);
         }
-        if (code == 0xFFFE || code == 0xFFFF) {
+        if (!isXmlCharacter(code)) {
             return reject(XmlRefusal::Character);
         }
-        at += size;
     }
     return true;
 }

@@ -63,6 +63,10 @@ void addNamespaces(Attacks &attacks)
     addForBoth(attacks, "one namespace too many, in entities", Outcome::Refused, [](Format format) {
         return document(format, repeated("&e;", 65), documentType(entity("e", "<b xmlns='u'/>")));
     });
+    addForBoth(attacks, "60,000 attributes after a fault", Outcome::Refused, [](Format format) {
+        const QByteArray many = numbered(60'000, [](const QByteArray &i) { return " b" + i + "=''"; });
+        return document(format, "<a b='&x;'" + many + "/>");
+    });
     addForBoth(attacks, "300,000 elements with the first of 64 prefixes", Outcome::Read, [](Format format) {
         return document(format, "<a" + namespaces(64) + '>' + repeated("<n0:b/>", 300'000) + "</a>");
     });

@@ -92,7 +92,7 @@ std::vector<QByteArray> collidingTexts(int count)
 }
 
 void add(Attacks &attacks, const QByteArray &name, Format format, const QByteArray &before,
-         const QByteArray &after)
+         const QByteArray &after, const QByteArray &last = QByteArray())
 {
     for (const int count : {5'000, 10'000, 40'000}) {
         const auto makeDocument = [=] {
@@ -100,7 +100,7 @@ void add(Attacks &attacks, const QByteArray &name, Format format, const QByteArr
             for (const auto &text : collidingTexts(count)) {
                 body += before + text + after;
             }
-            return document(format, body);
+            return document(format, body + last);
         };
         attacks.push_back(
             {QByteArray::number(count) + " colliding " + name, Outcome::Bounded, makeDocument, format});
@@ -119,5 +119,9 @@ Attacks collisionAttacks()
     add(attacks, "names of lists, current", Format::Current, "<ValueList Name='",
         "'><ValueListItem/></ValueList>");
     add(attacks, "names of lists, legacy", Format::Legacy, "<SYSLIST><LIST_Name>", "</LIST_Name></SYSLIST>");
+    for (const Format format : {Format::Legacy, Format::Current}) {
+        // To report the fault, the whole file is scanned.
+        add(attacks, "names before a fault", format, "<", "/>", "</b>");
+    }
     return attacks;
 }
